@@ -100,3 +100,9 @@ ModelClass ClassOfModel(std::string_view label) {
 bool IsScaleCapable(std::string_view label) {
     return label == "Pelerin/3256" || label == "Pelerin/3172";
 }
+
+std::int16_t ScannerTypeOf(int interfaceIndex, std::string_view modelLabel) {
+    if (interfaceIndex == 0)
+        return IsScaleCapable(modelLabel) ? 0 : 1;
+    return interfaceIndex == 1 ? 2 : 3;
+}

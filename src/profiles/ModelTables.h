@@ -20,3 +20,7 @@ struct ModelClass {
 
 // Whether a scale can be built into the model: "Pelerin/3256" or "Pelerin/3172", exactly.
 [[nodiscard]] bool IsScaleCapable(std::string_view label);
+
+// The interface code that a scanner profile stores for an index of the interface list: 0 for a serial line with a
+// scale-capable model, 1 for a serial line with any other, 2 for index 1, 3 for any other index.
+[[nodiscard]] std::int16_t ScannerTypeOf(int interfaceIndex, std::string_view modelLabel);

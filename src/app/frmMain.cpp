@@ -1,0 +1,205 @@
+#include "app/frmMain.h"
+
+#include "app/RavlinApplication.h"
+#include "app/frmAbout.h"
+#include "profiles/NumberedError.h"
+#include "profiles/Numbers.h"
+#include "ui_frmMain.h"
+#include "views/DetailedTestView.h"
+#include "views/DeviceInformationView.h"
+#include "views/ModifyProfileView.h"
+#include "views/NewProfileView.h"
+#include "views/ProfileEnumeration.h"
+#include "views/SimpleTestView.h"
+
+#include <QCloseEvent>
+#include <QIcon>
+#include <QScreen>
+
+namespace {
+
+constexpr const char* CurrentView = "Tag"; // the index of the current view, as decimal text on the list bar
+
+struct View {
+    const char* key;
+    const char* caption;
+    const char* icon;
+    QAction* Ui::frmMain::*menuEntry;
+};
+
+const std::array Views = {
+    View{"A", "New Profile", "new-profile", &Ui::frmMain::mnuFileNew},
+    View{"B", "Modify Profile", "modify-profile", &Ui::frmMain::mnuFileOpen},
+    View{"C", "Simple Test", "simple-test", &Ui::frmMain::mnuTestSimple},
+    View{"D", "Detailed Test", "detailed-test", &Ui::frmMain::mnuTestDetailed},
+    View{"E", "Device Information", "device-information", &Ui::frmMain::mnuTestInfo},
+};
+
+QIcon Icon(const char* name) {
+    return QIcon(QStringLiteral(":/icons/%1.png").arg(name));
+}
+
+} // namespace
+
+frmMain::frmMain(const Services& services)
+    : ui_(std::make_unique<Ui::frmMain>()), services_(services), settings_(services.registry) {
+    ui_->setupUi(this);
+    BuildViews();
+    ConnectControls();
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::BuildViews() {
+    newProfile_ = new NewProfileView({services_.registry, colDevices_, availableComPorts_});
+    modifyProfile_ = new ModifyProfileView;
+    simpleTest_ = new SimpleTestView;
+    detailedTest_ = new DetailedTestView;
+    deviceInformation_ = new DeviceInformationView;
+    int index = 0;
+    for (QWidget* view :
+         std::initializer_list<QWidget*>{newProfile_, modifyProfile_, simpleTest_, detailedTest_, deviceInformation_}) {
+        view->setObjectName(QStringLiteral("fraOption_%1").arg(index++));
+        ui_->stkOption->addWidget(view);
+    }
+    nameLists_.emplace(DeviceNameLists::Families{modifyProfile_->NameLists(), simpleTest_->NameLists(),
+                                                 detailedTest_->NameLists(), deviceInformation_->NameLists()});
+    newProfile_->UseNameLists(*nameLists_);
+}
+
+void frmMain::ConnectControls() {
+    connect(ui_->ListBar, &QListWidget::itemClicked, this,
+            [this](QListWidgetItem* item) { ShowView(ui_->ListBar->row(item)); });
+    connect(ui_->ListBar, &QListWidget::itemActivated, this,
+            [this](QListWidgetItem* item) { ShowView(ui_->ListBar->row(item)); });
+    for (std::size_t i = 0; i < Views.size(); ++i)
+        connect(ui_.get()->*Views[i].menuEntry, &QAction::triggered, this,
+                [this, i] { ShowView(static_cast<int>(i)); });
+    connect(ui_->mnuFileQuit, &QAction::triggered, this, &QWidget::close);
+    connect(ui_->mnuHelpAbout, &QAction::triggered, this, &frmMain::mnuHelpAbout_Click);
+    connect(ui_->lstLogLevel, &DropDownList::Click, this, &frmMain::lstLogLevel_Click);
+}
+
+void frmMain::Form_Load(bool showLogLevel) {
+    setWindowTitle(windowTitle() + " v" + QCoreApplication::applicationVersion());
+    BuildListBar();
+    RunReported([this] { FillOptionLists(); });
+    RunReported([this] { EnumerateProfiles(); });
+    RunReported([this] { SelectFirstItems(); });
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    ui_->lblLogLevel->setVisible(showLogLevel);
+    ui_->lstLogLevel->setVisible(showLogLevel);
+    RunReported([this] { RestorePosition(); });
+    RunReported([this] { RestoreView(); });
+    RunReported([this] { LoadLogLevel(); });
+}
+
+void frmMain::BuildListBar() {
+    ui_->ListBar->setWrapping(false);
+    for (const View& view : Views) {
+        auto* item = new QListWidgetItem(Icon(view.icon), view.caption, ui_->ListBar);
+        item->setData(Qt::UserRole, QString(view.key));
+        item->setTextAlignment(Qt::AlignHCenter);
+    }
+    ui_->ListBar->setProperty(CurrentView, "0");
+    ui_->ListBar->setCurrentRow(0);
+}
+
+void frmMain::FillOptionLists() {
+    availableComPorts_ = FillComPortLists({&newProfile_->ComPortList()});
+    ui_->lstLogLevel->ShowListIndex(0);
+    newProfile_->InterfaceList().SetListIndex(0);
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void frmMain::EnumerateProfiles() {
+    LoadScannerProfiles(services_.registry, colDevices_, this);
+    // What has been read is listed, also where the scales cannot be read.
+    RunReported([this] { LoadScaleProfiles(services_.registry, colDevices_); });
+    nameLists_->FillDeviceNameLists(colDevices_);
+}
+
+void frmMain::SelectFirstItems() {
+    newProfile_->SelectFirstOptions();
+    simpleTest_->SelectFirstNames();
+    newProfile_->SelectFirstDeviceType();
+    modifyProfile_->SelectFirstDeviceType();
+    detailedTest_->SelectFirstDeviceType();
+    deviceInformation_->SelectFirstDeviceType();
+}
+
+void frmMain::RestorePosition() {
+    adjustSize();
+    const Settings::Position position = settings_.WindowPosition();
+    if (position.left == 0 && position.top == 0)
+        move(screen()->geometry().center() - rect().center());
+    else
+        move(qRound(position.left), qRound(position.top));
+}
+
+void frmMain::RestoreView() {
+    ShowView(settings_.ListBar());
+}
+
+void frmMain::LoadLogLevel() {
+    const std::string level = settings_.LogVerbosity();
+    // Shown, not chosen: choosing would write the level back.
+    ui_->lstLogLevel->ShowListIndex(level.empty() ? 0 : ToInt16(level) + 1);
+}
+
+void frmMain::ShowView(int index) {
+    if (index < 0 || index >= ui_->stkOption->count())
+        throw NumberedError(ErrorNumber::SubscriptOutOfRange, "there is no view " + std::to_string(index));
+    ui_->ListBar->setCurrentRow(index);
+    if (ui_->ListBar->property(CurrentView).toString() == QString::number(index))
+        return;
+    ui_->stkOption->setCurrentIndex(index);
+    ui_->ListBar->setProperty(CurrentView, QString::number(index));
+    ui_->stkOption->currentWidget()->setFocus();
+}
+
+void frmMain::ComeForward() {
+    if (isMinimized())
+        showNormal();
+    raise();
+    activateWindow();
+}
+
+void frmMain::AddDevice(const std::shared_ptr<CDevice>& device) {
+    const std::int32_t deviceType = device->DeviceType();
+    const QString name = QString::fromStdString(device->DeviceName());
+    const bool replaces = colDevices_.Contains(deviceType, name);
+    if (replaces)
+        colDevices_.Remove(deviceType, name);
+    colDevices_.Add(deviceType, name, device);
+    if (replaces)
+        return;
+    nameLists_->AddDeviceName(deviceType, name);
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    nameLists_->SelectOnlyItems(deviceType);
+}
+
+QString frmMain::AvailableInterfaces() const {
+    return newProfile_->AvailableInterfaces();
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    RunReported([this] { Form_Unload(); });
+    event->accept();
+}
+
+void frmMain::Form_Unload() {
+    colDevices_.Clear();
+    settings_.SaveWindow({static_cast<float>(pos().x()), static_cast<float>(pos().y())},
+                         ui_->ListBar->property(CurrentView).toInt());
+}
+
+void frmMain::lstLogLevel_Click() {
+    if (ui_->lstLogLevel->ListIndex() >= 0)
+        settings_.SaveLogVerbosity(ui_->lstLogLevel->ListIndex() - 1);
+}
+
+void frmMain::mnuHelpAbout_Click() {
+    frmAbout about(this);
+    about.exec();
+}

@@ -1,0 +1,83 @@
+// The main window: a shell around the five views, with their menus, the profiles they share and the window's settings.
+#pragma once
+
+#include "app/Settings.h"
+#include "views/DeviceCollection.h"
+#include "views/DeviceNameLists.h"
+
+#include <QMainWindow>
+
+#include <memory>
+#include <optional>
+
+class DetailedTestView;
+class DeviceInformationView;
+class ModifyProfileView;
+class NewProfileView;
+class Registry;
+class SimpleTestView;
+
+namespace Ui {
+class frmMain;
+}
+
+class frmMain : public QMainWindow {
+    Q_OBJECT
+
+public:
+    // What the window and its views work on; all of it outlives the window.
+    struct Services {
+        Registry& registry;
+    };
+    explicit frmMain(const Services& services);
+    ~frmMain() override;
+
+    // Fills the lists, reads the profiles and the settings and places the window; to be called once, before it is
+    // shown. An error in one step is reported in a message box, and the next step follows.
+    void Form_Load(bool showLogLevel);
+
+    // Makes the view with that index, 0 to 4, the current one; nothing where it is that already. Errors: NumberedError
+    // SubscriptOutOfRange.
+    void ShowView(int index);
+
+    // Restores the window and brings it to the foreground.
+    void ComeForward();
+
+    // Enters a stored profile in the collection and, unless it replaces one, in the lists.
+    void AddDevice(const std::shared_ptr<CDevice>& device);
+    // Two digits a port, in list order.
+    [[nodiscard]] QString AvailableComPorts() const { return availableComPorts_; }
+    // The names of the interfaces, separated by carriage returns.
+    [[nodiscard]] QString AvailableInterfaces() const;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void BuildViews();
+    void BuildListBar();
+    void ConnectControls();
+    void FillOptionLists();
+    void EnumerateProfiles();
+    void SelectFirstItems();
+    void RestorePosition();
+    void RestoreView();
+    void LoadLogLevel();
+    void Form_Unload();
+
+    void lstLogLevel_Click();
+    void mnuHelpAbout_Click();
+
+    std::unique_ptr<Ui::frmMain> ui_;
+    Services services_;
+    Settings settings_;
+    DeviceCollection colDevices_;
+    QString availableComPorts_;
+    std::optional<DeviceNameLists> nameLists_;
+
+    NewProfileView* newProfile_ = nullptr;
+    ModifyProfileView* modifyProfile_ = nullptr;
+    SimpleTestView* simpleTest_ = nullptr;
+    DetailedTestView* detailedTest_ = nullptr;
+    DeviceInformationView* deviceInformation_ = nullptr;
+};

@@ -1,0 +1,29 @@
+// Builds the program's parts and wires them.
+#include "app/CommandLine.h"
+#include "app/RavlinApplication.h"
+#include "app/frmMain.h"
+#include "app/modPrevInstance.h"
+#include "platform/instance/PreviousInstance.h"
+#include "profiles/RegistryStore.h"
+
+#include <cstdio>
+
+int main(int argc, char** argv) {
+    RavlinApplication application(argc, argv);
+    const CommandLine commandLine = ParseCommandLine(QCoreApplication::arguments().mid(1));
+    if (!commandLine.error.isEmpty() || !commandLine.answer.isEmpty()) {
+        std::fputs(qPrintable(commandLine.error + commandLine.answer), commandLine.error.isEmpty() ? stdout : stderr);
+        return commandLine.error.isEmpty() ? 0 : 2;
+    }
+
+    PreviousInstance previous;
+    if (YieldToPreviousInstance(previous))
+        return 0;
+
+    const std::unique_ptr<Registry> registry = OpenSystemRegistry();
+    frmMain mainWindow({*registry});
+    previous.ListenForLater([&mainWindow] { mainWindow.ComeForward(); });
+    mainWindow.Form_Load(commandLine.showLogLevel);
+    mainWindow.show();
+    return QApplication::exec();
+}

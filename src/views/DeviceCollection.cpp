@@ -1,0 +1,46 @@
+#include "views/DeviceCollection.h"
+
+#include "profiles/NumberedError.h"
+
+namespace {
+
+QString Key(std::int32_t deviceType, const QString& name) {
+    return (QString::fromStdString(DeviceClassWord(deviceType)) + name).toCaseFolded();
+}
+
+} // namespace
+
+void DeviceCollection::Add(std::int32_t deviceType, const QString& name, std::shared_ptr<CDevice> device) {
+    const QString key = Key(deviceType, name);
+    if (byKey_.contains(key))
+        throw NumberedError(ErrorNumber::KeyAlreadyAssociated, name.toStdString());
+    entries_.push_back({deviceType, name, std::move(device)});
+    byKey_.insert(key, std::prev(entries_.end()));
+}
+
+std::shared_ptr<CDevice> DeviceCollection::Item(std::int32_t deviceType, const QString& name) const {
+    return Find(deviceType, name)->device;
+}
+
+void DeviceCollection::Remove(std::int32_t deviceType, const QString& name) {
+    entries_.erase(Find(deviceType, name));
+    byKey_.remove(Key(deviceType, name));
+}
+
+bool DeviceCollection::Contains(std::int32_t deviceType, const QString& name) const {
+    return byKey_.contains(Key(deviceType, name));
+}
+
+void DeviceCollection::Clear() {
+    byKey_.clear();
+    entries_.clear();
+}
+
+std::list<DeviceCollection::Entry>::iterator DeviceCollection::Find(std::int32_t deviceType,
+                                                                    const QString& name) const {
+    const auto found = byKey_.find(Key(deviceType, name));
+    if (found == byKey_.end())
+        throw NumberedError(ErrorNumber::InvalidArgument,
+                            "there is no " + DeviceClassWord(deviceType) + " profile " + name.toStdString());
+    return found.value();
+}
