@@ -28,6 +28,7 @@ void SaveProfile(Registry& registry, const std::string& folder, const std::strin
                  std::span<const NamedText> values) {
     const auto store = registry.CreateStore();
     store->RootKey(RegistryRoot::LocalMachine);
+    store->BeginWriting();
     store->KeyPath(folder + name);
     const bool holdsAnything = store->ValueCount() > 0 || store->SubKeyCount() > 0;
     if (wipe && holdsAnything) {

@@ -36,10 +36,14 @@ public:
 // One sequence of operations on a current root (LocalMachine unless set) and a current key. Made by Registry, used by
 // one procedure and released before that returns.
 //
-// All texts are UTF-8. Paths are separated by backslashes; doubled and trailing ones count as one and none. Keys and
-// value names compare without case and keep the case they were made with. What a store reads is one consistent state,
-// and what it writes is one transaction: Release makes all of it durable, and a store destroyed without Release (an
-// error on the way) leaves the registry as it was. Every operation raises RegistryError where it fails.
+// All texts are UTF-8. Paths are separated by backslashes; doubled ones count as one, leading and trailing ones as
+// none. Keys and value names compare without case and keep the case they were made with; a key's name has 1 to 255
+// UTF-16 units, a value's up to 16383. Every operation raises RegistryError where it fails.
+//
+// What a store reads is one consistent state, the same for all reading stores of a Registry that are open together.
+// What it writes is one transaction per root: Release makes it durable, and a store destroyed without Release (an error
+// on the way) leaves the registry as it was. From its first write on a store reads the newest state with its own
+// changes, and other programs wait with their writes until it ends.
 class RegistryStore {
 public:
     virtual ~RegistryStore() = default;
@@ -53,15 +57,19 @@ public:
     // Selects the current key. A missing key that may not be created is no error yet: it reads as a key that holds
     // nothing, and what cannot be done without it raises KeyMissing.
     virtual void KeyPath(std::string_view path) = 0;
+    // Writes are meant to follow under this root: nobody else changes it from here to the end of the store, so that
+    // what is read now still holds when it is acted upon. Raises OpenKey where the right to write is not to be had.
+    virtual void BeginWriting() = 0;
 
     // The text of the named value of the current key ("" names the default value); "" where there is no such value.
     // A value of another type than a string reads as its text in decimal (a number) or raises ReadKey (bytes).
     virtual std::string ReadValue(RegistryValueType type, std::string_view name) = 0;
-    // Creates or replaces a string value of the current key.
+    // Creates or replaces a string value of the current key. Without a current key raises KeyMissing.
     virtual void WriteValue(std::string_view name, std::string_view text) = 0;
     virtual std::int32_t ValueCount() = 0;
     virtual std::int32_t SubKeyCount() = 0;
-    // Names by index, 0 to the count less one. ValueName gives "" for the index just behind the last; any other raises
+    // Values stand in the order in which they were made, subkeys in the order of their names without case. Names
+    // by index, 0 to the count less one. ValueName gives "" for the index just behind the last; any other raises
     // ReadKey. SubKeyName raises NoSubKeys for a key without subkeys and ReadKey beyond the last.
     virtual std::string ValueName(std::int32_t index) = 0;
     virtual std::string SubKeyName(std::int32_t index) = 0;
@@ -75,7 +83,7 @@ protected:
     RegistryStore() = default;
 };
 
-// Makes stores; lives as long as the program. One thread uses a Registry and its stores.
+// Makes stores and outlives them; lives as long as the program. One thread uses a Registry and its stores.
 class Registry {
 public:
     virtual ~Registry() = default;

@@ -1,0 +1,90 @@
+#include "platform/registry/Hives.h"
+#include "platform/registry/RegistryNames.h"
+#include "platform/registry/RegistrySqlite.h"
+
+namespace {
+
+class SqliteTree final : public RegistryTree {
+public:
+    SqliteTree(const HiveFiles& files, std::chrono::milliseconds lockLimit)
+        : hives_(files, lockLimit), sessions_(hives_) {}
+
+    [[nodiscard]] bool HasKey(RegistryRoot root, std::string_view path) override {
+        return Find(root, path).has_value();
+    }
+    [[nodiscard]] std::vector<std::string> SubKeys(RegistryRoot root, std::string_view path) override;
+    [[nodiscard]] std::vector<RegistryValue> Values(RegistryRoot root, std::string_view path) override;
+    void CreateKey(RegistryRoot root, std::string_view path) override { Make(root, path); }
+    void SetValue(RegistryRoot root, std::string_view path, const RegistryValue& value) override;
+    bool DeleteValue(RegistryRoot root, std::string_view path, std::string_view name) override;
+    bool DeleteKey(RegistryRoot root, std::string_view path) override;
+    void Commit() override { sessions_.Commit(); }
+
+private:
+    std::optional<KeyId> Find(RegistryRoot root, std::string_view path) {
+        HiveSession& session = sessions_.Reading(root);
+        return hives_.Of(root).Attempt(RegistryErrorNumber::OpenKey, [&] { return session.FindKey(path); });
+    }
+
+    KeyId Make(RegistryRoot root, std::string_view path) {
+        HiveSession& session = sessions_.Writing(root, RegistryErrorNumber::CreateKey);
+        return hives_.Of(root).Attempt(RegistryErrorNumber::CreateKey, [&] { return session.MakeKey(path); });
+    }
+
+    Hives hives_;
+    HiveSessions sessions_;
+};
+
+std::vector<std::string> SqliteTree::SubKeys(RegistryRoot root, std::string_view path) {
+    const auto key = Find(root, path);
+    if (!key)
+        return {};
+    return hives_.Of(root).Attempt(RegistryErrorNumber::ReadKey,
+                                   [&] { return *sessions_.Reading(root).SubKeys(*key); });
+}
+
+std::vector<RegistryValue> SqliteTree::Values(RegistryRoot root, std::string_view path) {
+    const auto key = Find(root, path);
+    if (!key)
+        return {};
+    const auto stored =
+        hives_.Of(root).Attempt(RegistryErrorNumber::ReadKey, [&] { return sessions_.Reading(root).Values(*key); });
+    std::vector<RegistryValue> values;
+    values.reserve(stored->size());
+    for (const StoredValue& value : *stored)
+        values.push_back(value.value);
+    return values;
+}
+
+void SqliteTree::SetValue(RegistryRoot root, std::string_view path, const RegistryValue& value) {
+    const KeyId key = Make(root, path);
+    hives_.Of(root).Attempt(RegistryErrorNumber::WriteValue,
+                            [&] { sessions_.Writing(root, RegistryErrorNumber::WriteValue).PutValue(key, value); });
+}
+
+bool SqliteTree::DeleteValue(RegistryRoot root, std::string_view path, std::string_view name) {
+    HiveSession& session = sessions_.Writing(root, RegistryErrorNumber::WriteValue);
+    const auto key = Find(root, path);
+    return key &&
+           hives_.Of(root).Attempt(RegistryErrorNumber::WriteValue, [&] { return session.DropValue(*key, name); });
+}
+
+bool SqliteTree::DeleteKey(RegistryRoot root, std::string_view path) {
+    if (PathNames(path).empty())
+        throw RegistryError(RegistryErrorNumber::DeleteKey, "A whole hive cannot be deleted. Delete keys in it.");
+    HiveSession& session = sessions_.Writing(root, RegistryErrorNumber::DeleteKey);
+    const auto key = Find(root, path);
+    if (key)
+        hives_.Of(root).Attempt(RegistryErrorNumber::DeleteKey, [&] { session.DropKey(*key); });
+    return key.has_value();
+}
+
+} // namespace
+
+std::unique_ptr<RegistryTree> OpenSqliteTree(const HiveFiles& files, std::chrono::milliseconds lockLimit) {
+    return std::make_unique<SqliteTree>(files, lockLimit);
+}
+
+std::unique_ptr<RegistryTree> OpenSystemRegistryTree() {
+    return OpenSqliteTree(SystemHiveFiles());
+}
