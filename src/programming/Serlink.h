@@ -1,5 +1,5 @@
-// The line to a scanner that is to be programmed. A session sets the properties, sends a command and waits for its outcome;
-// ports, timing and framing are the implementation's.
+// The line to a scanner that is to be programmed. A session sets the properties, sends a command and waits for its
+// outcome; ports, timing and framing are the implementation's.
 #pragma once
 
 #include <cstdint>
@@ -26,7 +26,8 @@ public:
 
     // True when the scanner answered the pending command with a configuration, which is then in CommandData.
     virtual bool ReceiveReply() = 0;
-    // Sends EntryCommand, the first time of a session, and CommandData. Errors: NumberedError when the port cannot be used.
+    // Sends EntryCommand, the first time of a session, and CommandData. Errors: NumberedError when the port cannot be
+    // used.
     virtual void SendCommand() = 0;
     // True when the scanner acknowledged the last command.
     virtual bool CommandSucceeded() = 0;
