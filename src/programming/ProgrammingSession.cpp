@@ -63,14 +63,14 @@ ProgrammingOutcome ProgrammingSession::Exchange(const CDevice& device) {
 
     hooks_.stepBegins(ProgrammingStep::ReadingConfiguration);
     if (!serlink_.ReceiveReply())
-        return {false, "The scanner did not send its configuration."};
+        return {false, serlink_.FailureText()};
     ScannerReply reply = DecodeReply(serlink_.CommandData());
     PatchBlock(device.ConfigurationType(), reply.block);
 
     WriteConfiguration(rules, reply.firmwareNumber, EncodeBlock(reply.block));
     hooks_.stepBegins(ProgrammingStep::AwaitingAcknowledgement);
     if (!serlink_.CommandSucceeded())
-        return {false, "The scanner did not accept its new configuration."};
+        return {false, serlink_.FailureText()};
     return {true, {}};
 }
 

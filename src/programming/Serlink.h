@@ -32,6 +32,9 @@ public:
     // True when the scanner acknowledged the last command.
     virtual bool CommandSucceeded() = 0;
 
+    // Why the last call did not lead to what was wanted: UTF-8, what happened and what to do about it; else empty.
+    [[nodiscard]] virtual const std::string& FailureText() const noexcept = 0;
+
 protected:
     Serlink() = default;
 };

@@ -150,18 +150,20 @@ TEST(ProgrammingSession, ProfileThatIsNotOfItsDeviceTypeFailsBeforeAnythingIsSen
 }
 
 TEST(ProgrammingSession, WithoutReplySendsNothingFurther) {
-    const SessionRun run = Program(ProgrammedScanner(3), {.receiveReply = [] { return false; }});
+    const SessionRun run = Program(ProgrammedScanner(3),
+                                   {.receiveReply = [] { return false; }, .failureText = "The scanner kept silent."});
     EXPECT_FALSE(run.outcome.succeeded);
     EXPECT_EQ(run.log.back(), "ReceiveReply");
-    EXPECT_EQ(run.outcome.reason, "The scanner did not send its configuration.");
+    EXPECT_EQ(run.outcome.reason, "The scanner kept silent.");
 }
 
 TEST(ProgrammingSession, WithoutAcknowledgementFails) {
-    const SessionRun run =
-        Program(ProgrammedScanner(3), {.commandSucceeded = [] { return false; }, .reply = ReplyOf(Stored, "123456")});
+    const SessionRun run = Program(ProgrammedScanner(3), {.commandSucceeded = [] { return false; },
+                                                          .reply = ReplyOf(Stored, "123456"),
+                                                          .failureText = "The scanner refused."});
     EXPECT_FALSE(run.outcome.succeeded);
     EXPECT_EQ(run.log.back(), "CommandSucceeded");
-    EXPECT_EQ(run.outcome.reason, "The scanner did not accept its new configuration.");
+    EXPECT_EQ(run.outcome.reason, "The scanner refused.");
 }
 
 TEST(ProgrammingSession, ReplyTooShortForItsClassIsNotWrittenBack) {

@@ -15,6 +15,7 @@ public:
         std::function<bool()> commandSucceeded = [] { return true; };
         std::function<void()> sendCommand = [] {};
         std::string reply = {};
+        std::string failureText = {};
     };
 
     // The log outlives the line.
@@ -59,6 +60,7 @@ public:
         log_.emplace_back("CommandSucceeded");
         return script_.commandSucceeded();
     }
+    [[nodiscard]] const std::string& FailureText() const noexcept override { return script_.failureText; }
 
 private:
     Script script_;
