@@ -48,14 +48,15 @@ double DifferentShare(const QImage& one, const QImage& other) {
     return static_cast<double>(different) / (one.width() * one.height());
 }
 
-// Nothing opaque touches the border: a drawing that does is cut off there.
+// A drawing or a shadow that reaches the border ends there in a straight edge.
 bool IsCutOff(const QImage& image) {
-    const auto opaque = [&image](int x, int y) { return qAlpha(image.pixel(x, y)) > 240; };
+    constexpr int invisible = 8;
+    const auto visible = [&image](int x, int y) { return qAlpha(image.pixel(x, y)) > invisible; };
     for (int x = 0; x < image.width(); ++x)
-        if (opaque(x, 0) || opaque(x, image.height() - 1))
+        if (visible(x, 0) || visible(x, image.height() - 1))
             return true;
     for (int y = 0; y < image.height(); ++y)
-        if (opaque(0, y) || opaque(image.width() - 1, y))
+        if (visible(0, y) || visible(image.width() - 1, y))
             return true;
     return false;
 }
