@@ -96,6 +96,7 @@ void frmMain::Form_Load(bool showLogLevel) {
 
 void frmMain::BuildListBar() {
     ui_->ListBar->setWrapping(false);
+    ui_->ListBar->setGridSize(QSize(ui_->ListBar->minimumWidth() - 8, 76));
     for (const View& view : Views) {
         auto* item = new QListWidgetItem(Icon(view.icon), view.caption, ui_->ListBar);
         item->setData(Qt::UserRole, QString(view.key));
