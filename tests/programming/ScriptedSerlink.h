@@ -11,9 +11,9 @@ class ScriptedSerlink final : public Serlink {
 public:
     // What the scanner does. A function may throw.
     struct Script {
+        std::function<void()> sendCommand = [] {};
         std::function<bool()> receiveReply = [] { return true; };
         std::function<bool()> commandSucceeded = [] { return true; };
-        std::function<void()> sendCommand = [] {};
         std::string reply = {};
         std::string failureText = {};
     };
