@@ -7,6 +7,7 @@
 #include <array>
 #include <cerrno>
 #include <optional>
+#include <string_view>
 #include <utility>
 
 #include <fcntl.h>
@@ -81,6 +82,15 @@ std::optional<speed_t> Speed(unsigned baudRate) {
     return std::nullopt;
 }
 
+// Keeps errno.
+bool IsPseudoTerminal(int descriptor) {
+    const int cause = errno;
+    char name[64] = "";
+    const bool named = ttyname_r(descriptor, name, sizeof name) == 0;
+    errno = cause;
+    return named && std::string_view(name).starts_with("/dev/pts/");
+}
+
 // False with errno when the device refuses.
 bool Configure(int descriptor, const SerialSettings& settings) {
     const auto speed = Speed(settings.baudRate);
@@ -107,9 +117,8 @@ bool Configure(int descriptor, const SerialSettings& settings) {
     if (tcsetattr(descriptor, TCSANOW, &line) == 0) {
         return true;
     }
-    // A pseudo terminal knows neither parity nor seven bits, and has taken all the rest.
-    unsigned number = 0;
-    return errno == EINVAL && ioctl(descriptor, TIOCGPTN, &number) == 0;
+    // A pseudo terminal knows neither parity nor seven bits, which is an error where nothing else changed.
+    return errno == EINVAL && IsPseudoTerminal(descriptor);
 }
 
 } // namespace

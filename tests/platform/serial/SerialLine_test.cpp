@@ -135,6 +135,17 @@ TEST(SerialLine, OpensAPseudoTerminalAtScaleSettings) {
     EXPECT_TRUE(line.IsOpen());
 }
 
+TEST(SerialLine, OpensAPseudoTerminalAtScaleSettingsAgain) {
+    const TemporaryPorts ports;
+    const PseudoTerminal device(ports, 1);
+    asio::io_context context;
+    SerialLine line(context);
+    for (int times = 0; times < 2; ++times) {
+        line.Open(1, {.dataBits = 7, .parity = SerialParity::Even});
+        EXPECT_TRUE(line.IsOpen());
+    }
+}
+
 TEST(SerialLine, RefusesSettingsThatNoLineHas) {
     const TemporaryPorts ports;
     const PseudoTerminal device(ports, 1);
