@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -51,6 +52,9 @@ public:
     [[nodiscard]] virtual std::vector<std::string> SubKeys(RegistryRoot root, std::string_view path) = 0;
     // In the order in which they were made; nothing for a missing key.
     [[nodiscard]] virtual std::vector<RegistryValue> Values(RegistryRoot root, std::string_view path) = 0;
+    // Nothing for a missing key or value.
+    [[nodiscard]] virtual std::optional<RegistryValue> Value(RegistryRoot root, std::string_view path,
+                                                             std::string_view name) = 0;
 
     // Makes the key and those above it where they are missing.
     virtual void CreateKey(RegistryRoot root, std::string_view path) = 0;

@@ -2,6 +2,8 @@
 #include "platform/registry/RegistryNames.h"
 #include "platform/registry/RegistrySqlite.h"
 
+#include <algorithm>
+
 namespace {
 
 class SqliteTree final : public RegistryTree {
@@ -14,6 +16,8 @@ public:
     }
     [[nodiscard]] std::vector<std::string> SubKeys(RegistryRoot root, std::string_view path) override;
     [[nodiscard]] std::vector<RegistryValue> Values(RegistryRoot root, std::string_view path) override;
+    [[nodiscard]] std::optional<RegistryValue> Value(RegistryRoot root, std::string_view path,
+                                                     std::string_view name) override;
     void CreateKey(RegistryRoot root, std::string_view path) override { Make(root, path); }
     void SetValue(RegistryRoot root, std::string_view path, const RegistryValue& value) override;
     bool DeleteValue(RegistryRoot root, std::string_view path, std::string_view name) override;
@@ -31,6 +35,14 @@ private:
         return hives_.Of(root).Attempt(RegistryErrorNumber::CreateKey, [&] { return session.MakeKey(path); });
     }
 
+    std::shared_ptr<const StoredValues> Stored(RegistryRoot root, std::string_view path) {
+        const auto key = Find(root, path);
+        if (!key)
+            return std::make_shared<StoredValues>();
+        return hives_.Of(root).Attempt(RegistryErrorNumber::ReadKey,
+                                       [&] { return sessions_.Reading(root).Values(*key); });
+    }
+
     Hives hives_;
     HiveSessions sessions_;
 };
@@ -44,16 +56,17 @@ std::vector<std::string> SqliteTree::SubKeys(RegistryRoot root, std::string_view
 }
 
 std::vector<RegistryValue> SqliteTree::Values(RegistryRoot root, std::string_view path) {
-    const auto key = Find(root, path);
-    if (!key)
-        return {};
-    const auto stored =
-        hives_.Of(root).Attempt(RegistryErrorNumber::ReadKey, [&] { return sessions_.Reading(root).Values(*key); });
     std::vector<RegistryValue> values;
-    values.reserve(stored->size());
-    for (const StoredValue& value : *stored)
+    for (const StoredValue& value : *Stored(root, path))
         values.push_back(value.value);
     return values;
+}
+
+std::optional<RegistryValue> SqliteTree::Value(RegistryRoot root, std::string_view path, std::string_view name) {
+    CheckValueName(name, RegistryErrorNumber::ReadKey);
+    const auto stored = Stored(root, path);
+    const auto found = std::ranges::find(*stored, FoldedName(name), &StoredValue::folded);
+    return found == stored->end() ? std::nullopt : std::optional(found->value);
 }
 
 void SqliteTree::SetValue(RegistryRoot root, std::string_view path, const RegistryValue& value) {
