@@ -9,6 +9,10 @@ if(RAVLIN_SANITIZE)
     target_compile_options(ravlin_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(ravlin_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(RAVLIN_FUZZERS)
+    target_compile_options(ravlin_options INTERFACE -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+    target_link_options(ravlin_options INTERFACE -fsanitize=address,undefined)
+endif()
 
 # ravlin_library(NAME [QT] SOURCES ... LINKS ...): a folder's library. QT gives it moc and uic; without it the folder is
 # plain C++ and cannot reach Qt.

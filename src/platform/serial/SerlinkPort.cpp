@@ -125,7 +125,7 @@ void SerlinkPort::SendCommand() {
 }
 
 bool SerlinkPort::ReceiveReply() {
-    if (!entered_) {
+    if (!HasEntered()) {
         return false;
     }
     Fail(SerlinkFailure::None);
@@ -138,7 +138,7 @@ bool SerlinkPort::ReceiveReply() {
 }
 
 bool SerlinkPort::CommandSucceeded() {
-    if (!entered_) {
+    if (!HasEntered()) {
         return false;
     }
     Fail(SerlinkFailure::None);
@@ -155,6 +155,14 @@ void SerlinkPort::OpenLine() {
     unread_.clear();
     Report(SerlinkStep::Opening);
     line_.Open(portNumber_);
+}
+
+bool SerlinkPort::HasEntered() {
+    // What went wrong while entering is still the reason.
+    if (!entered_ && failure_ == SerlinkFailure::None) {
+        Fail(SerlinkFailure::NoAnnouncement);
+    }
+    return entered_;
 }
 
 bool SerlinkPort::EnterProgrammingMode() {

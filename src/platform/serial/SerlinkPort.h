@@ -78,10 +78,11 @@ public:
     // Why the last call did not lead to what was wanted.
     [[nodiscard]] SerlinkFailure Failure() const noexcept { return failure_; }
     // The same for the user: UTF-8, what happened and what to do; empty for None.
-    [[nodiscard]] const std::string& FailureText() const noexcept { return failureText_; }
+    [[nodiscard]] const std::string& FailureText() const noexcept override { return failureText_; }
 
 private:
     void OpenLine();
+    [[nodiscard]] bool HasEntered();
     [[nodiscard]] bool EnterProgrammingMode();
     void Send(const std::string& text);
     void Report(SerlinkStep step, std::size_t done = 0, std::size_t expected = 0) const;

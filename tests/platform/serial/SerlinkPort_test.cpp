@@ -188,6 +188,14 @@ TEST_F(SerlinkPortTest, WithoutAnAnnouncementSendsNothingMore) {
     }
 }
 
+TEST_F(SerlinkPortTest, WithoutACommandHasNoReply) {
+    SerlinkPort link;
+    link.PortNumber(1);
+    EXPECT_FALSE(link.ReceiveReply());
+    EXPECT_FALSE(link.CommandSucceeded());
+    EXPECT_NE(link.FailureText(), "");
+}
+
 TEST_F(SerlinkPortTest, EntersAgainAfterAMissedAnnouncement) {
     SerlinkPort link({}, {}, Short);
     SetUpBySset(link);
