@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QEvent>
 #include <QPointer>
+#include <QTest>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -84,6 +85,10 @@ void BoxWatcher::Answer(QMessageBox& box) {
         return;
     }
     (*next)->shown_ = true;
+    if ((*next)->answer_ == ExpectBox::Escape) {
+        QTest::keyClick(&box, Qt::Key_Escape);
+        return;
+    }
     QAbstractButton* button = box.button((*next)->answer_);
     if (button == nullptr) {
         ADD_FAILURE() << "the message box \"" << box.windowTitle().toStdString() << "\" lacks the expected button";

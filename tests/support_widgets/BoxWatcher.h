@@ -12,6 +12,9 @@
 // which these objects were made; the box must have been shown before the object's end.
 class ExpectBox {
 public:
+    // Stands for the key instead of a button.
+    static constexpr QMessageBox::StandardButton Escape = QMessageBox::NoButton;
+
     ExpectBox(const QString& title, const QString& text, QMessageBox::StandardButton answer = QMessageBox::Ok);
     ~ExpectBox();
     ExpectBox(const ExpectBox&) = delete;

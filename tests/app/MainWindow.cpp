@@ -1,0 +1,28 @@
+#include "MainWindow.h"
+
+#include <QAction>
+#include <QStackedWidget>
+#include <QTest>
+
+MainWindow::MainWindow(Registry& registry, bool showLogLevel)
+    : window_(std::make_unique<frmMain>(frmMain::Services{registry})) {
+    window_->Form_Load(showLogLevel);
+    window_->show();
+    if (!QTest::qWaitForWindowExposed(window_.get()))
+        throw std::runtime_error("the main window does not show itself");
+}
+
+void MainWindow::Menu(const QString& action) {
+    auto* entry = window_->findChild<QAction*>(action);
+    if (entry == nullptr || !entry->isEnabled())
+        throw std::runtime_error(("no menu entry " + action).toStdString());
+    entry->trigger();
+}
+
+int MainWindow::View() const {
+    const auto* stack = window_->findChild<QStackedWidget*>("stkOption");
+    for (int i = 0; i < stack->count(); ++i)
+        if (stack->widget(i)->isVisibleTo(window_.get()))
+            return i;
+    return -1;
+}
