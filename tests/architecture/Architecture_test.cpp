@@ -44,7 +44,7 @@ std::string LinesMatching(const std::string& pattern, const std::function<bool(c
 
 bool IsPlain(const SourceFile& file) {
     // The exchange and the patching are plain C++; the window around them is not.
-    const bool window = file.path.find("frm") != std::string::npos;
+    const bool window = file.path.find("frm") != std::string::npos || file.path.find("InputBlock") != std::string::npos;
     return IsUnder(file.folder, "profiles") || IsUnder(file.folder, "opos") || IsUnder(file.folder, "reg") ||
            IsUnder(file.folder, "platform/registry") || IsUnder(file.folder, "platform/serial") ||
            IsUnder(file.folder, "platform/opos") || (IsUnder(file.folder, "programming") && !window) ||
