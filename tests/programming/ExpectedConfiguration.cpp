@@ -48,6 +48,26 @@ std::vector<std::int32_t> InterestingClasses() {
     return classes;
 }
 
+std::vector<std::int32_t> ClassesWithoutPatches() {
+    return {-2147483647 - 1, -1, 0, 5, 7, 8, 9, 10, 11, 12, 13, 14, 15};
+}
+
+ExpectedExchange ExpectedExchangeOf(std::int32_t configurationType) {
+    switch (configurationType) {
+    case 1:
+        return {.wokenByPower = true, .request = "PM", .writtenBehind = "APM"};
+    case 2:
+        return {.wokenByPower = true, .request = "PM", .writtenBehind = "!@#3,APM"};
+    case 3:
+        return {.wokenBySset = true, .request = "PM", .writtenBehind = "!@#3,APM"};
+    case 6:
+        return {.wokenBySset = true, .request = "", .writtenBehind = ""};
+    default:
+        return {
+            .wokenBySset = configurationType == 4 || configurationType >= 16, .request = "PM", .writtenBehind = "APM"};
+    }
+}
+
 std::vector<std::uint8_t> ExpectedConfiguration(std::int32_t configurationType, std::vector<std::uint8_t> block) {
     if (configurationType == 1)
         Assign(Class1, block);

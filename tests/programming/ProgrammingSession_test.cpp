@@ -48,18 +48,18 @@ SessionRun Program(std::int32_t configurationType, const std::string& trailer = 
     return Program(ProgrammedScanner(configurationType), {.reply = ReplyOf(Stored, trailer)});
 }
 
-// The use of the line's members that a session of the class must show.
-Log ExpectedLog(std::int32_t type, const std::string& prefixAndCommand, const std::string& trailer = "123456") {
+// The use of the line's members that a session of the class must show, where its block is written behind the text.
+Log ExpectedLog(std::int32_t type, const std::string& writtenBehind, const std::string& trailer = "123456") {
+    const ExpectedExchange exchange = ExpectedExchangeOf(type);
     const std::string reply = ReplyOf(Stored, trailer);
-    const std::string written = prefixAndCommand + EncodeBlock(ExpectedConfiguration(type, Stored));
-    const std::string request = type == 6 ? "" : "PM";
+    const std::string written = writtenBehind + EncodeBlock(ExpectedConfiguration(type, Stored));
     Log log;
-    if (type >= 16 || type == 3 || type == 4 || type == 6)
+    if (exchange.wokenBySset)
         log = {"EntryCommand = \"SSET\"", "EntryMode = 1542"};
-    if (type == 1 || type == 2)
+    if (exchange.wokenByPower)
         log = {"EntryCommand = \"\"", "EntryMode = 102", "recycle power"};
-    const Log reading = {"PortNumber = 4", "CommandData = " + Quoted(request), "SendCommand " + Quoted(request),
-                         "ReceiveReply", "CommandData read"};
+    const Log reading = {"PortNumber = 4", "CommandData = " + Quoted(exchange.request),
+                         "SendCommand " + Quoted(exchange.request), "ReceiveReply", "CommandData read"};
     log.insert(log.end(), reading.begin(), reading.end());
     if (type == 6) {
         const Log echo = {"SendCommand " + Quoted(reply), "pending events", "wait 5000"};
@@ -78,10 +78,8 @@ std::string WrittenBy(const SessionRun& run) {
 
 TEST(ProgrammingSession, UsesTheLineInTheOrderOfItsClass) {
     for (const std::int32_t type : InterestingClasses()) {
-        const std::string prefix = type == 2 || type == 3 ? "!@#3," : "";
-        const std::string command = type == 6 ? "" : "APM";
         const SessionRun run = Program(type);
-        EXPECT_EQ(run.log, ExpectedLog(type, prefix + command)) << "class " << type;
+        EXPECT_EQ(run.log, ExpectedLog(type, ExpectedExchangeOf(type).writtenBehind)) << "class " << type;
         EXPECT_TRUE(run.outcome.succeeded);
         EXPECT_EQ(run.outcome.reason, "");
     }
@@ -123,7 +121,7 @@ TEST(ProgrammingSession, FirmwareDoesNotMatterBelowClass32) {
 }
 
 TEST(ProgrammingSession, EmptyBlockIsWrittenAsTheCommandAlone) {
-    for (const std::int32_t type : {0, 5, 7, 15}) {
+    for (const std::int32_t type : ClassesWithoutPatches()) {
         const SessionRun run = Program(ProgrammedScanner(type), {.reply = "123456"});
         EXPECT_TRUE(run.outcome.succeeded);
         EXPECT_EQ(WrittenBy(run), "SendCommand \"APM\"");

@@ -128,7 +128,7 @@ TEST(ScannerBlock, BehindTheLastPatchedByteIsLeftAlone) {
 }
 
 TEST(ScannerBlock, OfClassWithoutPatchesIsLeftAlone) {
-    for (const std::int32_t type : {-1, 0, 5, 7, 8, 9, 10, 11, 12, 13, 14, 15}) {
+    for (const std::int32_t type : ClassesWithoutPatches()) {
         EXPECT_EQ(Patched(type, Filled(0xA5)), Filled(0xA5));
         EXPECT_EQ(Patched(type, {}), Block{});
     }
