@@ -29,7 +29,7 @@ void EventQueue::AutoDisable(bool disable) {
     autoDisable_ = disable;
 }
 
-EventQueue::Added EventQueue::Add(DataEvent event) {
+EventQueue::Added EventQueue::Add(DataEvent event, const std::function<void()>& onAdded) {
     std::unique_lock lock(mutex_);
     if (!accepting_)
         return Added::NotAccepting;
@@ -39,6 +39,8 @@ EventQueue::Added EventQueue::Add(DataEvent event) {
     data_.push_back(std::move(event));
     if (autoDisable_)
         accepting_ = false;
+    if (onAdded)
+        onAdded();
     Wake(std::move(lock));
     return Added::Yes;
 }

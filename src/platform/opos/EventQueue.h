@@ -45,7 +45,8 @@ public:
     // Whether accepting ends with the next data event.
     void AutoDisable(bool disable);
 
-    Added Add(DataEvent event);
+    // onAdded is called before the event can be seen, unless that is refused; it does not call the queue.
+    Added Add(DataEvent event, const std::function<void()>& onAdded = {});
     // An error is refused while not accepting, and left out where one waits at the same place already.
     Added AddError(std::int32_t resultCode, std::int32_t resultCodeExtended = 0);
 

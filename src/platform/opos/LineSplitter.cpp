@@ -9,16 +9,14 @@ void LineSplitter::Feed(std::string_view bytes) {
     for (const char byte : bytes) {
         if (byte == '\r')
             EndLine();
-        else if (byte != '\n' || !behindEnd_)
+        else if (byte != '\n' || !line_.empty())
             Add(byte);
-        behindEnd_ = byte == '\r';
     }
 }
 
 void LineSplitter::Reset() {
     line_.clear();
     overlong_ = false;
-    behindEnd_ = false;
 }
 
 void LineSplitter::Add(char byte) {

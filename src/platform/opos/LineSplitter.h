@@ -6,7 +6,8 @@
 #include <string>
 #include <string_view>
 
-// A line ends with CR; an LF behind that CR belongs to it. Lines that hold nothing are passed over.
+// A line ends with CR; an LF at the beginning of a line belongs to the end before it. Lines that hold nothing are
+// passed over.
 class LineSplitter {
 public:
     // Longer than the largest symbol a scanner reads; a line that grows beyond it is dropped whole, up to its CR.
@@ -27,5 +28,4 @@ private:
     std::function<void()> onOverlong_;
     std::string line_;
     bool overlong_ = false;
-    bool behindEnd_ = false;
 };

@@ -15,17 +15,11 @@ void LabelFeed::OnText(const std::string& text) {
     Label label = ParseLabel(text);
     if (label.data.empty()) // framing without content
         return;
-    switch (queue_->Add({0, std::move(label)})) {
-    case EventQueue::Added::Yes:
-        counters_->Count(Counter::GoodScans);
-        break;
-    case EventQueue::Added::Full:
-        counters_->Count(Counter::DiscardedLabels);
-        queue_->AddError(OposResult::Failure);
-        break;
-    case EventQueue::Added::NotAccepting:
-        break;
-    }
+    const auto added = queue_->Add({0, std::move(label)}, [this] { counters_->Count(Counter::GoodScans); });
+    if (added != EventQueue::Added::Full)
+        return;
+    counters_->Count(Counter::DiscardedLabels);
+    queue_->AddError(OposResult::Failure);
 }
 
 void LabelFeed::OnTrouble(LineTrouble trouble) {
