@@ -2,6 +2,7 @@
 
 #include "app/RavlinApplication.h"
 #include "app/frmAbout.h"
+#include "dialogs/frmGlobalConfig.h"
 #include "profiles/NumberedError.h"
 #include "profiles/Numbers.h"
 #include "ui_frmMain.h"
@@ -52,7 +53,7 @@ frmMain::~frmMain() = default;
 
 void frmMain::BuildViews() {
     newProfile_ = new NewProfileView({services_.registry, colDevices_, availableComPorts_});
-    modifyProfile_ = new ModifyProfileView;
+    modifyProfile_ = new ModifyProfileView({services_.registry, colDevices_});
     simpleTest_ = new SimpleTestView;
     detailedTest_ = new DetailedTestView;
     deviceInformation_ = new DeviceInformationView;
@@ -65,6 +66,7 @@ void frmMain::BuildViews() {
     nameLists_.emplace(DeviceNameLists::Families{modifyProfile_->NameLists(), simpleTest_->NameLists(),
                                                  detailedTest_->NameLists(), deviceInformation_->NameLists()});
     newProfile_->UseNameLists(*nameLists_);
+    modifyProfile_->UseNameLists(*nameLists_);
 }
 
 void frmMain::ConnectControls() {
@@ -75,6 +77,8 @@ void frmMain::ConnectControls() {
     for (std::size_t i = 0; i < Views.size(); ++i)
         connect(ui_.get()->*Views[i].menuEntry, &QAction::triggered, this,
                 [this, i] { ShowView(static_cast<int>(i)); });
+    connect(modifyProfile_, &ModifyProfileView::LoggingLevelShown, this, &frmMain::ShowLogLevel);
+    connect(ui_->mnuGlobalConfig, &QAction::triggered, this, &frmMain::mnuGlobalConfig_Click);
     connect(ui_->mnuFileQuit, &QAction::triggered, this, &QWidget::close);
     connect(ui_->mnuHelpAbout, &QAction::triggered, this, &frmMain::mnuHelpAbout_Click);
     connect(ui_->lstLogLevel, &DropDownList::Click, this, &frmMain::lstLogLevel_Click);
@@ -107,9 +111,12 @@ void frmMain::BuildListBar() {
 }
 
 void frmMain::FillOptionLists() {
-    availableComPorts_ = FillComPortLists({&newProfile_->ComPortList()});
+    availableComPorts_ = FillComPortLists({&modifyProfile_->ComPortList(), &newProfile_->ComPortList()});
     ui_->lstLogLevel->ShowListIndex(0);
+    for (int i = 0; i < newProfile_->InterfaceList().ListCount(); ++i)
+        modifyProfile_->InterfaceList().AddItem(newProfile_->InterfaceList().itemText(i));
     newProfile_->InterfaceList().SetListIndex(0);
+    modifyProfile_->InterfaceList().SetListIndex(0);
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
@@ -122,6 +129,7 @@ void frmMain::EnumerateProfiles() {
 
 void frmMain::SelectFirstItems() {
     newProfile_->SelectFirstOptions();
+    modifyProfile_->SelectFirstOptions();
     simpleTest_->SelectFirstNames();
     newProfile_->SelectFirstDeviceType();
     modifyProfile_->SelectFirstDeviceType();
@@ -186,6 +194,9 @@ QString frmMain::AvailableInterfaces() const {
 
 void frmMain::closeEvent(QCloseEvent* event) {
     RunReported([this] { Form_Unload(); });
+    // The program would live on behind it, also where the settings could not be stored.
+    if (globalConfig_)
+        globalConfig_->close();
     event->accept();
 }
 
@@ -195,9 +206,27 @@ void frmMain::Form_Unload() {
                          ui_->ListBar->property(CurrentView).toInt());
 }
 
+void frmMain::ShowLogLevel(int level) {
+    const int index = level + 1;
+    // Shown, not chosen: the profile's level is not the one that all service objects share.
+    ui_->lstLogLevel->ShowListIndex(index >= 0 && index < ui_->lstLogLevel->ListCount() ? index : -1);
+}
+
 void frmMain::lstLogLevel_Click() {
     if (ui_->lstLogLevel->ListIndex() >= 0)
         settings_.SaveLogVerbosity(ui_->lstLogLevel->ListIndex() - 1);
+}
+
+void frmMain::mnuGlobalConfig_Click() {
+    if (!globalConfig_) {
+        auto dialog = std::make_unique<frmGlobalConfig>(services_.registry, this);
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        dialog->Form_Load();
+        globalConfig_ = dialog.release();
+    }
+    globalConfig_->show();
+    globalConfig_->raise();
+    globalConfig_->activateWindow();
 }
 
 void frmMain::mnuHelpAbout_Click() {

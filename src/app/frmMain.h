@@ -6,6 +6,7 @@
 #include "views/DeviceNameLists.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 #include <memory>
 #include <optional>
@@ -16,6 +17,7 @@ class ModifyProfileView;
 class NewProfileView;
 class Registry;
 class SimpleTestView;
+class frmGlobalConfig;
 
 namespace Ui {
 class frmMain;
@@ -65,7 +67,10 @@ private:
     void LoadLogLevel();
     void Form_Unload();
 
+    // Shows a level of a profile, -1 to 4, in the log level list; nothing for any other number.
+    void ShowLogLevel(int level);
     void lstLogLevel_Click();
+    void mnuGlobalConfig_Click();
     void mnuHelpAbout_Click();
 
     std::unique_ptr<Ui::frmMain> ui_;
@@ -80,4 +85,5 @@ private:
     SimpleTestView* simpleTest_ = nullptr;
     DetailedTestView* detailedTest_ = nullptr;
     DeviceInformationView* deviceInformation_ = nullptr;
+    QPointer<frmGlobalConfig> globalConfig_;
 };

@@ -9,13 +9,6 @@
 
 namespace {
 
-std::string_view Trimmed(std::string_view text) {
-    const auto first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 double ToNumber(std::string_view text) {
     auto digits = Trimmed(text);
     if (digits.starts_with('+') && !digits.starts_with("+-"))
@@ -38,6 +31,13 @@ Integer ToInteger(std::string_view text) {
 }
 
 } // namespace
+
+std::string_view Trimmed(std::string_view text) {
+    const auto first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
 
 std::int16_t ToInt16(std::string_view text) {
     return ToInteger<std::int16_t>(text);

@@ -4,6 +4,9 @@
 #include <cstdint>
 #include <string_view>
 
+// The text without the blanks around it; only the character 32 counts as one.
+[[nodiscard]] std::string_view Trimmed(std::string_view text);
+
 // The whole text, blanks around it apart, as a decimal number rounded to the nearest integer (halves to even).
 // Errors: NumberedError TypeMismatch for text that is no number (the empty text included), Overflow beyond the type.
 [[nodiscard]] std::int16_t ToInt16(std::string_view text);

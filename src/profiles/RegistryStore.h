@@ -73,7 +73,8 @@ public:
     // ReadKey. SubKeyName raises NoSubKeys for a key without subkeys and ReadKey beyond the last.
     virtual std::string ValueName(std::int32_t index) = 0;
     virtual std::string SubKeyName(std::int32_t index) = 0;
-    // Deletes that subkey of the current key with all it holds; KeyMissing where there is none.
+    // Deletes that subkey of the current key with all it holds; KeyMissing where there is none. A name with
+    // backslashes is a path below the current key, as in KeyPath.
     virtual void DeleteKey(std::string_view subKey) = 0;
 
     // Ends the sequence and makes what was written durable. Nothing may be called behind it.

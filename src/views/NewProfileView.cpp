@@ -1,10 +1,8 @@
 #include "views/NewProfileView.h"
 
-#include "profiles/CAveryScale.h"
-#include "profiles/CScale2.h"
 #include "profiles/CScanner2.h"
 #include "profiles/ModelCatalogue.h"
-#include "profiles/ModelTables.h"
+#include "profiles/NewScale.h"
 #include "profiles/OptionLists.h"
 #include "profiles/UsbNotice.h"
 #include "ui_NewProfileView.h"
@@ -88,10 +86,7 @@ QString NewProfileView::AvailableInterfaces() const {
 }
 
 void NewProfileView::SelectFirstOptions() {
-    for (DropDownList* list :
-         {ui_->lstNewScale, ui_->lstNewScaleType, ui_->lstNewModelNumber, ui_->lstNewScaleWeightUnit_0,
-          ui_->lstNewScaleWeightUnit_1, ui_->lstNewScaleDisplay_0, ui_->lstNewScaleDisplay_1})
-        list->SetListIndex(0);
+    rules_.SelectFirstOptions();
 }
 
 void NewProfileView::SelectFirstDeviceType() {
@@ -158,27 +153,14 @@ void NewProfileView::cmdNewSave_Click() {
 }
 
 std::shared_ptr<CDevice> NewProfileView::BuildNewDevice() const {
-    const std::int16_t port = rules_.SelectedPort();
     std::shared_ptr<CDevice> device;
     if (ui_->lstNewDeviceType->ListIndex() == DeviceClass::Scanner) {
-        auto scanner = std::make_shared<CScanner2>(services_.registry);
-        const std::string model = ui_->lstNewModelNumber->Text().toStdString();
-        scanner->Model(model);
-        scanner->ScannerType(ScannerTypeOf(ui_->lstNewInterface->ListIndex(), model));
-        scanner->SerialPort(port);
-        scanner->SScaleType(Index(*ui_->lstNewScale));
-        scanner->SWeightUnit(Index(*ui_->lstNewScaleWeightUnit_0));
-        scanner->SDisplay(Index(*ui_->lstNewScaleDisplay_0));
+        const auto scanner = std::make_shared<CScanner2>(services_.registry);
+        rules_.ApplySettings(*scanner);
         device = scanner;
     } else {
-        std::shared_ptr<CGenericScale> scale;
-        if (ui_->lstNewScaleType->ListIndex() == 0)
-            scale = std::make_shared<CScale2>(services_.registry);
-        else
-            scale = std::make_shared<CAveryScale>(services_.registry);
-        scale->SerialPort(port);
-        scale->Display(Index(*ui_->lstNewScaleDisplay_1));
-        scale->WeightUnit(Index(*ui_->lstNewScaleWeightUnit_1));
+        const auto scale = NewScale(services_.registry, ui_->lstNewScaleType->ListIndex());
+        rules_.ApplySettings(*scale);
         device = scale;
     }
     device->DeviceName(ui_->txtNewDeviceName->text().toStdString());

@@ -57,7 +57,7 @@ private:
     void cmdNewSave_Click();
 
     void ResetNewProfile();
-    // The profile that the controls describe; stored nowhere yet. Errors: NumberedError for a port that is none.
+    // The profile that the controls describe; stored nowhere yet.
     [[nodiscard]] std::shared_ptr<CDevice> BuildNewDevice() const;
     // Writes the profile to the registry and enters it in the collection and in the lists. companion marks the scale
     // profile of a scanner that is being stored: its scanner brings the closing message for both.

@@ -1,5 +1,8 @@
 #include "views/ProfileRules.h"
 
+#include "profiles/CGenericScale.h"
+#include "profiles/CGenericScanner.h"
+#include "profiles/ModelTables.h"
 #include "profiles/Numbers.h"
 #include "profiles/OptionLists.h"
 #include "widgets/DropDownList.h"
@@ -9,6 +12,14 @@
 #include <QPushButton>
 
 using OptionLists::SerialInterface;
+
+namespace {
+
+std::int16_t SelectedIndex(const DropDownList& list, std::int16_t stored) {
+    return list.ListIndex() < 0 ? stored : static_cast<std::int16_t>(list.ListIndex());
+}
+
+} // namespace
 
 void ProfileRules::InterfaceClicked() const {
     if (controls_.interfaceList->ListIndex() == SerialInterface) {
@@ -55,9 +66,35 @@ void ProfileRules::ShowSelectedModel() const {
     ShowModelPicture(*controls_.modelPicture, controls_.modelNumber->ItemData(controls_.modelNumber->ListIndex()));
 }
 
-std::int16_t ProfileRules::SelectedPort() const {
+void ProfileRules::SelectFirstOptions() const {
+    for (DropDownList* list : {controls_.scale, controls_.scaleType, controls_.modelNumber, controls_.scaleWeightUnit,
+                               controls_.scaleTypeWeightUnit, controls_.scaleDisplay, controls_.scaleTypeDisplay})
+        list->SetListIndex(0);
+}
+
+void ProfileRules::ApplySettings(CGenericScanner& scanner) const {
+    if (controls_.modelNumber->ListIndex() >= 0)
+        scanner.Model(controls_.modelNumber->Text().toStdString());
+    scanner.ScannerType(ScannerTypeOf(controls_.interfaceList->ListIndex(), scanner.Model()));
+    scanner.SerialPort(SelectedPort(scanner.SerialPort()));
+    scanner.SScaleType(SelectedIndex(*controls_.scale, scanner.SScaleType()));
+    if (controls_.scale->ListIndex() > 0) {
+        scanner.SWeightUnit(SelectedIndex(*controls_.scaleWeightUnit, scanner.SWeightUnit()));
+        scanner.SDisplay(SelectedIndex(*controls_.scaleDisplay, scanner.SDisplay()));
+    }
+}
+
+void ProfileRules::ApplySettings(CGenericScale& scale) const {
+    scale.SerialPort(SelectedPort(scale.SerialPort()));
+    scale.WeightUnit(SelectedIndex(*controls_.scaleTypeWeightUnit, scale.WeightUnit()));
+    scale.Display(SelectedIndex(*controls_.scaleTypeDisplay, scale.Display()));
+}
+
+std::int16_t ProfileRules::SelectedPort(std::int16_t stored) const {
     if (controls_.interfaceList->ListIndex() != SerialInterface)
         return 0;
+    if (controls_.comPort->ListIndex() < 0)
+        return stored;
     return PortNumber(controls_.comPort->Text().toStdString());
 }
 

@@ -1,11 +1,13 @@
-// The rules by which one choice of a profile page enables, hides or resets the others; the same on the pages for new
-// and for existing profiles.
+// The rules by which one choice of a profile page enables, hides or resets the others, and by which the choices make a
+// profile; the same on the pages for new and for existing profiles.
 #pragma once
 
 #include <QString>
 
 #include <cstdint>
 
+class CGenericScale;
+class CGenericScanner;
 class DropDownList;
 class QLabel;
 class QPushButton;
@@ -42,11 +44,19 @@ public:
     // The picture of the selected model, of the first one when none is selected.
     void ShowSelectedModel() const;
 
-    // The port chosen; 0 for an interface other than the serial one. Errors: NumberedError for a text that names no
-    // port.
-    [[nodiscard]] std::int16_t SelectedPort() const;
+    // Selects the first item of the model, scale, scale type, unit and display lists.
+    void SelectFirstOptions() const;
+
+    // Gives the profile the settings that the controls show. What a list shows no selection for stays as it is: the
+    // list does not offer what another program stored there, and the user who changes something else does not mean to
+    // lose it.
+    void ApplySettings(CGenericScanner& scanner) const;
+    void ApplySettings(CGenericScale& scale) const;
 
 private:
+    // The port chosen, stored where none is; 0 for an interface other than the serial one.
+    [[nodiscard]] std::int16_t SelectedPort(std::int16_t stored) const;
+
     ProfileControls controls_;
 };
 

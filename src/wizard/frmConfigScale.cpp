@@ -1,7 +1,6 @@
 #include "wizard/frmConfigScale.h"
 
-#include "profiles/CAveryScale.h"
-#include "profiles/CScale2.h"
+#include "profiles/NewScale.h"
 #include "profiles/Numbers.h"
 #include "ui_frmConfigScale.h"
 
@@ -64,11 +63,7 @@ void frmConfigScale::txtScaleName_Change() {
 }
 
 void frmConfigScale::cmdCreate_Click() {
-    std::shared_ptr<CGenericScale> scale;
-    if (ui_->lstScaleType->ListIndex() == 0)
-        scale = std::make_shared<CScale2>(registry_);
-    else
-        scale = std::make_shared<CAveryScale>(registry_);
+    const std::shared_ptr<CGenericScale> scale = NewScale(registry_, ui_->lstScaleType->ListIndex());
     scale->DeviceName(ui_->txtScaleName->text().toStdString());
     const bool hasPort = ui_->lstInterface->ListIndex() != 0;
     scale->SerialPort(hasPort ? PortNumber(ui_->lstSerialPort->Text().toStdString()) : std::int16_t{0});

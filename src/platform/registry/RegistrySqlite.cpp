@@ -173,10 +173,17 @@ std::string SqliteStore::SubKeyName(std::int32_t index) {
 }
 
 void SqliteStore::DeleteKey(std::string_view subKey) {
-    CheckKeyName(subKey, RegistryErrorNumber::DeleteKey);
+    const auto names = PathNames(subKey);
+    if (names.empty())
+        CheckKeyName("", RegistryErrorNumber::DeleteKey);
+    for (const std::string_view name : names)
+        CheckKeyName(name, RegistryErrorNumber::DeleteKey);
     const auto [session, key] = PlaceToWrite(RegistryErrorNumber::DeleteKey);
     Attempt(RegistryErrorNumber::DeleteKey, [&, &session = session, key = key] {
-        const auto found = session.FindSubKey(key, subKey);
+        std::optional<KeyId> found = key;
+        for (const std::string_view name : names)
+            if (found)
+                found = session.FindSubKey(*found, name);
         if (!found)
             throw RegistryError(RegistryErrorNumber::KeyMissing, "The registry key \"" + path_.value_or("") +
                                                                      "\" has no subkey \"" + std::string(subKey) +

@@ -293,6 +293,18 @@ TEST_P(RegistryContract, DeletingAMissingSubKeyIsAnError) {
     ExpectError(RegistryErrorNumber::KeyMissing, [&] { store->DeleteKey("Lane"); });
 }
 
+TEST_P(RegistryContract, DeletingTakesAPathBelowTheKey) {
+    Make("Folder\\Lane\\Sub\\Deep");
+    const auto store = Writer("Folder");
+    store->DeleteKey("Lane\\Sub");
+    ExpectError(RegistryErrorNumber::KeyMissing, [&] { store->DeleteKey("Lane\\Sub"); });
+    ExpectError(RegistryErrorNumber::KeyMissing, [&] { store->DeleteKey("None\\Sub"); });
+    ExpectError(RegistryErrorNumber::DeleteKey, [&] { store->DeleteKey("\\"); });
+    store->Release();
+    EXPECT_EQ(SubKeyNames("Folder"), Names{"Lane"});
+    EXPECT_EQ(SubKeyNames("Folder\\Lane"), Names{});
+}
+
 TEST_P(RegistryContract, OpenReadersReadOneStateTogether) {
     Write("Folder\\Lane", "Model", "old");
     const auto folder = Writer("Folder");

@@ -1,0 +1,531 @@
+#include "views/ModifyProfileView.h"
+
+#include "profiles/CScale2.h"
+#include "profiles/CScanner1.h"
+#include "profiles/CScanner2.h"
+#include "profiles/ModelCatalogue.h"
+#include "support/FailingRegistry.h"
+#include "views/ModifyProfilePage.h"
+
+#include <QLabel>
+#include <QTest>
+
+namespace {
+
+using ModifyProfile = ModifyProfilePage;
+
+const ModifyProfilePage::Values Serial = {
+    {"", "Tavrin.Opos.Scanner"}, {"Model", "Kavit/7301"}, {"Serial Port", "12"}, {"Scanner Version", "1"}};
+const ModifyProfilePage::Values Usb = {{"", "Tavrin.Opos.Scanner"}, {"Model", "Kavit/7301"}, {"Scanner Version", "2"}};
+const ModifyProfilePage::Values WithScale = {
+    {"", "Tavrin.Opos.Scanner"}, {"Model", "Pelerin/3172"}, {"Serial Port", "3"}, {"Scanner Version", "0"},
+    {"ScaleType", "2"},          {"WeightUnit", "1"},       {"Display", "1"}};
+const ModifyProfilePage::Values SingleCable = {
+    {"", "Tavrin.Opos.Scale"}, {"Serial Port", "5"}, {"WeightUnit", "1"}, {"Display", "1"}, {"Scale Version", "0"}};
+const ModifyProfilePage::Values DualCable = {
+    {"", "OPOS.A702.SCALE.SO"}, {"PORT", "COM7"}, {"WeightUnit", "1"}, {"Display", "0"}};
+
+std::string WithValue(const std::vector<RegistryValue>& values, const std::string& name) {
+    for (const RegistryValue& value : values)
+        if (value.name == name)
+            return value.data;
+    return "missing";
+}
+
+} // namespace
+
+TEST_F(ModifyProfile, OffersTheSameOptionsAsANewProfile) {
+    Start();
+    EXPECT_EQ(Items(List("lstExistingDeviceType")), QStringList({"Scanner", "Scale"}));
+    EXPECT_EQ(Items(List("lstExistingScale")), QStringList({"None", "Single-Cable", "Dual-Cable"}));
+    EXPECT_EQ(Items(List("lstExistingScaleType")), QStringList({"Single-Cable", "Dual-Cable"}));
+    for (const char* element : {"_0", "_1"}) {
+        EXPECT_EQ(Items(List(QString("lstExistingScaleWeightUnit") + element)), QStringList({"English", "Metric"}));
+        EXPECT_EQ(Items(List(QString("lstExistingScaleDisplay") + element)), QStringList({"No", "Yes"}));
+    }
+    EXPECT_EQ(List("lstExistingModelNumber").ListCount(), 29);
+}
+
+TEST_F(ModifyProfile, LabelsNameTheControlsThatFollowThem) {
+    const std::vector<std::array<const char*, 3>> labels = {
+        {"lblExistingDeviceType", "&Device Class:", "lstExistingDeviceType"},
+        {"lblExistingDeviceName_0", "Profile &Name:", "lstExistingDeviceName_0"},
+        {"lblExistingDeviceName_1", "Profile &Name:", "lstExistingDeviceName_1"},
+        {"lblExistingInterface", "&Interface:", "lstExistingInterface"},
+        {"lblExistingComPort", "&COM Port:", "lstExistingComPort"},
+        {"lblExistingModelNumber", "&Model Number:", "lstExistingModelNumber"},
+        {"lblExistingScale", "Sc&ale:", "lstExistingScale"},
+        {"lblExistingScaleWeightUnit_0", "&Unit of Measure:", "lstExistingScaleWeightUnit_0"},
+        {"lblExistingScaleDisplay_0", "Dis&play:", "lstExistingScaleDisplay_0"},
+        {"lblExistingScaleType", "Sc&ale Type:", "lstExistingScaleType"},
+        {"lblExistingScaleWeightUnit_1", "&Unit of Measure:", "lstExistingScaleWeightUnit_1"},
+        {"lblExistingScaleDisplay_1", "Dis&play:", "lstExistingScaleDisplay_1"},
+    };
+    for (const auto& [label, text, buddy] : labels) {
+        EXPECT_EQ(Control<QLabel>(page_, label).text(), text);
+        EXPECT_EQ(Control<QLabel>(page_, label).buddy(), &Widget(buddy)) << label;
+    }
+    EXPECT_EQ(Button("cmdExistingProgram").text(), "&Program");
+    EXPECT_EQ(Button("cmdExistingDelete").text(), "De&lete");
+    EXPECT_EQ(Button("cmdExistingSave").text(), "&Save");
+}
+
+TEST_F(ModifyProfile, TabMovesThroughThePageInReadingOrder) {
+    StoreScanner("Lane", WithScale);
+    Start();
+    List("lstExistingDeviceType").setFocus();
+    for (const char* name :
+         {"lstExistingDeviceType", "lstExistingDeviceName_0", "lstExistingInterface", "lstExistingComPort",
+          "lstExistingModelNumber", "lstExistingScale", "lstExistingScaleWeightUnit_0", "lstExistingScaleDisplay_0",
+          "cmdExistingProgram", "cmdExistingDelete", "cmdExistingSave"}) {
+        EXPECT_EQ(page_.focusWidget()->objectName(), name);
+        QTest::keyClick(page_.focusWidget(), Qt::Key_Tab);
+    }
+}
+
+TEST_F(ModifyProfile, ShowsTheFirstProfileOfTheChosenClass) {
+    StoreScanner("B", Serial);
+    StoreScanner("A", Usb);
+    StoreScale("Z", SingleCable);
+    Start();
+    EXPECT_EQ(List("lstExistingDeviceName_0").Text(), "A");
+    EXPECT_TRUE(IsShown(Widget("fraExistingDeviceInfo_0")));
+    EXPECT_FALSE(IsShown(Widget("fraExistingDeviceInfo_1")));
+    EXPECT_FALSE(IsShown(List("lstExistingDeviceName_1")));
+    Choose(List("lstExistingDeviceName_0"), "B");
+    ChooseScales();
+    EXPECT_EQ(List("lstExistingDeviceName_1").Text(), "Z");
+    EXPECT_TRUE(IsShown(List("lstExistingDeviceName_1")));
+    EXPECT_FALSE(IsShown(List("lstExistingDeviceName_0")));
+    EXPECT_FALSE(IsShown(Widget("lblExistingDeviceName_0")));
+    EXPECT_TRUE(IsShown(Widget("fraExistingDeviceInfo_1")));
+    EXPECT_FALSE(IsShown(Widget("fraExistingDeviceInfo_0")));
+    Choose(List("lstExistingDeviceType"), "Scanner");
+    EXPECT_EQ(List("lstExistingDeviceName_0").Text(), "A");
+}
+
+TEST_F(ModifyProfile, WithoutProfilesThereIsNothingToChooseOrPress) {
+    Start();
+    for (const int type : {0, 1}) {
+        Choose(List("lstExistingDeviceType"), type);
+        EXPECT_EQ(List("lstExistingInterface").ListIndex(), -1);
+        EXPECT_EQ(List("lstExistingComPort").ListIndex(), -1);
+        EXPECT_FALSE(Button("cmdExistingProgram").isEnabled());
+        Click(Button("cmdExistingSave"));
+        Click(Button("cmdExistingDelete"));
+    }
+    EXPECT_TRUE(StoredScanners().empty());
+    EXPECT_TRUE(StoredScales().empty());
+}
+
+TEST_F(ModifyProfile, EveryListMayLoseItsSelection) {
+    StoreScanner("Lane", Serial);
+    StoreScale("Lane", SingleCable);
+    Start();
+    for (const char* list :
+         {"lstExistingInterface", "lstExistingModelNumber", "lstExistingScale", "lstExistingScaleType",
+          "lstExistingDeviceName_0", "lstExistingDeviceName_1", "lstExistingDeviceType"})
+        EXPECT_NO_THROW(List(list).SetListIndex(-1)) << list;
+    EXPECT_FALSE(Button("cmdExistingProgram").isEnabled());
+    Button("cmdExistingProgram").setEnabled(true);
+    for (const char* button : {"cmdExistingProgram", "cmdExistingDelete", "cmdExistingSave"})
+        Click(Button(button));
+    EXPECT_TRUE(toProgram_.empty());
+}
+
+TEST_F(ModifyProfile, ShowsASerialScanner) {
+    StoreScanner("Lane", Serial);
+    Start();
+    EXPECT_EQ(List("lstExistingInterface").Text(), "RS232");
+    EXPECT_EQ(List("lstExistingComPort").Text(), "COM12");
+    EXPECT_TRUE(List("lstExistingComPort").isEnabled());
+    EXPECT_EQ(List("lstExistingModelNumber").Text(), "Kavit/7301");
+    EXPECT_EQ(Picture(), 1002);
+    EXPECT_FALSE(List("lstExistingScale").isEnabled());
+    EXPECT_EQ(List("lstExistingScale").Text(), "None");
+    EXPECT_FALSE(IsShown(List("lstExistingScaleWeightUnit_0")));
+    EXPECT_FALSE(IsShown(Widget("lblExistingScaleDisplay_0")));
+    EXPECT_TRUE(Button("cmdExistingProgram").isEnabled());
+}
+
+TEST_F(ModifyProfile, ShowsAScannerWithItsScale) {
+    StoreScanner("Lane", WithScale);
+    Start();
+    EXPECT_TRUE(List("lstExistingScale").isEnabled());
+    EXPECT_EQ(List("lstExistingScale").Text(), "Dual-Cable");
+    for (const char* control : {"lblExistingScaleWeightUnit_0", "lstExistingScaleWeightUnit_0",
+                                "lblExistingScaleDisplay_0", "lstExistingScaleDisplay_0"})
+        EXPECT_TRUE(IsShown(Widget(control))) << control;
+    EXPECT_TRUE(List("lstExistingScaleWeightUnit_0").isEnabled());
+    EXPECT_EQ(List("lstExistingScaleWeightUnit_0").Text(), "Metric");
+    EXPECT_EQ(List("lstExistingScaleDisplay_0").Text(), "Yes");
+}
+
+TEST_F(ModifyProfile, ThePortIsTheFirstThatBeginsWithItsName) {
+    for (const char* port : {"1", "6", "12", "64"})
+        StoreScanner(port, {{"", "Tavrin.Opos.Scanner"}, {"Serial Port", port}, {"Scanner Version", "0"}});
+    Start();
+    for (const char* port : {"1", "6", "12", "64"}) {
+        Choose(List("lstExistingDeviceName_0"), port);
+        EXPECT_EQ(List("lstExistingComPort").Text(), QString("COM") + port);
+    }
+}
+
+TEST_F(ModifyProfile, TheInterfaceFollowsFromTheStoredCodeAndPort) {
+    struct Case {
+        const char* name;
+        const char* code;
+        const char* port;
+        int index;
+    };
+    const std::vector<Case> cases = {{"a", "0", "4", 0}, {"b", "1", "4", 0}, {"c", "1", "0", 2}, {"d", "0", "", 2},
+                                     {"e", "2", "4", 1}, {"f", "3", "4", 2}, {"g", "9", "4", 2}};
+    for (const Case& stored : cases)
+        StoreScanner(stored.name,
+                     {{"", "Tavrin.Opos.Scanner"}, {"Scanner Version", stored.code}, {"Serial Port", stored.port}});
+    Start();
+    for (const Case& stored : cases) {
+        Choose(List("lstExistingDeviceName_0"), stored.name);
+        EXPECT_EQ(List("lstExistingInterface").ListIndex(), stored.index) << stored.name;
+        EXPECT_EQ(List("lstExistingComPort").isEnabled(), stored.index == 0) << stored.name;
+        EXPECT_TRUE(Button("cmdExistingProgram").isEnabled()) << stored.name;
+    }
+}
+
+TEST_F(ModifyProfile, ChoosingTheClassEnablesProgrammingOnlyForASerialScanner) {
+    StoreScanner("Lane", Usb);
+    StoreScale("Lane", SingleCable);
+    Start();
+    EXPECT_FALSE(Button("cmdExistingProgram").isEnabled());
+    Choose(List("lstExistingDeviceName_0"), 0);
+    EXPECT_TRUE(Button("cmdExistingProgram").isEnabled()) << "the button tells what to do instead";
+    ChooseScales();
+    EXPECT_FALSE(Button("cmdExistingProgram").isEnabled());
+    Choose(List("lstExistingDeviceName_1"), 0);
+    EXPECT_FALSE(Button("cmdExistingProgram").isEnabled());
+}
+
+TEST_F(ModifyProfile, ShowsASingleCableScale) {
+    StoreScale("Lane", SingleCable);
+    Start();
+    ChooseScales();
+    EXPECT_EQ(List("lstExistingScaleType").Text(), "Single-Cable");
+    EXPECT_EQ(List("lstExistingInterface").Text(), "RS232");
+    EXPECT_TRUE(List("lstExistingInterface").isEnabled());
+    EXPECT_EQ(List("lstExistingComPort").Text(), "COM5");
+    EXPECT_EQ(List("lstExistingScaleWeightUnit_1").Text(), "Metric");
+    EXPECT_EQ(List("lstExistingScaleDisplay_1").Text(), "Yes");
+    EXPECT_EQ(Picture(), 1000);
+}
+
+TEST_F(ModifyProfile, ShowsADualCableScaleAndLocksItsInterface) {
+    StoreScanner("Lane", Usb);
+    StoreScale("Lane", DualCable);
+    Start();
+    ChooseScales();
+    EXPECT_EQ(List("lstExistingScaleType").Text(), "Dual-Cable");
+    EXPECT_EQ(List("lstExistingInterface").Text(), "RS232");
+    EXPECT_FALSE(List("lstExistingInterface").isEnabled());
+    EXPECT_EQ(List("lstExistingComPort").Text(), "COM7");
+    Choose(List("lstExistingDeviceType"), "Scanner");
+    EXPECT_TRUE(List("lstExistingInterface").isEnabled()) << "a scanner has the choice";
+}
+
+TEST_F(ModifyProfile, AScaleWithoutAPortIsOnUsb) {
+    StoreScale("Lane", {{"", "Tavrin.Opos.Scale"}, {"Scale Version", "2"}});
+    Start();
+    ChooseScales();
+    EXPECT_EQ(List("lstExistingInterface").ListIndex(), 1);
+    EXPECT_EQ(List("lstExistingComPort").ListIndex(), -1);
+    EXPECT_FALSE(List("lstExistingComPort").isEnabled());
+    Save();
+    EXPECT_EQ(ScaleValue("Lane", "Scale Version"), "2");
+    EXPECT_EQ(ScaleValue("Lane", "Serial Port"), "");
+}
+
+TEST_F(ModifyProfile, TheChoicesFollowTheRulesOfANewProfile) {
+    StoreScanner("Lane", WithScale);
+    StoreScale("Lane", SingleCable);
+    Start();
+    Choose(List("lstExistingInterface"), "POS USB");
+    EXPECT_EQ(List("lstExistingComPort").ListIndex(), -1);
+    EXPECT_FALSE(Button("cmdExistingProgram").isEnabled());
+    Choose(List("lstExistingInterface"), "RS232");
+    EXPECT_EQ(List("lstExistingComPort").Text(), "COM1");
+    Choose(List("lstExistingScale"), "None");
+    EXPECT_FALSE(IsShown(List("lstExistingScaleWeightUnit_0")));
+    Choose(List("lstExistingScale"), "Single-Cable");
+    EXPECT_TRUE(IsShown(List("lstExistingScaleWeightUnit_0")));
+    EXPECT_EQ(List("lstExistingScaleWeightUnit_0").Text(), "English");
+    Choose(List("lstExistingModelNumber"), "758");
+    EXPECT_EQ(Picture(), 1014);
+    EXPECT_FALSE(List("lstExistingScale").isEnabled());
+    EXPECT_EQ(List("lstExistingScale").Text(), "None");
+    ChooseScales();
+    Choose(List("lstExistingScaleType"), "Dual-Cable");
+    EXPECT_FALSE(List("lstExistingInterface").isEnabled());
+    EXPECT_FALSE(Button("cmdExistingProgram").isEnabled());
+    Choose(List("lstExistingScaleType"), "Single-Cable");
+    EXPECT_TRUE(List("lstExistingInterface").isEnabled());
+    EXPECT_TRUE(Button("cmdExistingProgram").isEnabled());
+}
+
+TEST_F(ModifyProfile, TellsTheLoggingLevelOfEveryProfileThatItShows) {
+    for (const char* level : {"0", "4", "32767"})
+        StoreScanner(level, {{"", "Tavrin.OPOS.Scanner.Serial"}, {"LogVerbosity", level}});
+    StoreScale("Lane", SingleCable);
+    Start();
+    for (const int index : {1, 2})
+        Choose(List("lstExistingDeviceName_0"), index);
+    ChooseScales();
+    EXPECT_EQ(levels_, std::vector<int>({0, 32767, 4, 0}));
+}
+
+TEST_F(ModifyProfile, SavingChangesTheScannerInPlaceAndRewritesItsKey) {
+    StoreScanner("Lane", Serial);
+    StoreScanner("Lane", {{"Foreign", "x"}});
+    Start();
+    const auto scanner = devices_.Item(DeviceClass::Scanner, "Lane");
+    Choose(List("lstExistingModelNumber"), "Pelerin/3256");
+    Choose(List("lstExistingComPort"), "COM9");
+    Choose(List("lstExistingScale"), "Single-Cable");
+    Choose(List("lstExistingScaleWeightUnit_0"), "Metric");
+    Choose(List("lstExistingScaleDisplay_0"), "Yes");
+    Save();
+    EXPECT_EQ(devices_.Item(DeviceClass::Scanner, "Lane"), scanner);
+    EXPECT_EQ(scanner->ConfigurationType(), 32 + 1 + 4 + 8);
+    EXPECT_EQ(ScannerValue("Lane", "Model"), "Pelerin/3256");
+    EXPECT_EQ(ScannerValue("Lane", "Serial Port"), "9");
+    EXPECT_EQ(ScannerValue("Lane", "Scanner Version"), "0");
+    EXPECT_EQ(ScannerValue("Lane", "ScaleType"), "1");
+    EXPECT_EQ(ScannerValue("Lane", "WeightUnit"), "1");
+    EXPECT_EQ(ScannerValue("Lane", "Display"), "1");
+    EXPECT_EQ(ScannerValue("Lane", "Foreign"), "") << "an update wipes the key";
+}
+
+TEST_F(ModifyProfile, TheStoredInterfaceFollowsFromInterfaceAndModel) {
+    StoreScanner("Lane", Serial);
+    Start();
+    const std::vector<std::tuple<const char*, int, std::string, std::string>> cases = {
+        {"Pelerin/3256", 0, "0", "1"}, {"758", 0, "1", "1"}, {"Pelerin/3172", 1, "2", ""}, {"758", 2, "3", ""}};
+    for (const auto& [model, interfaceIndex, code, port] : cases) {
+        Choose(List("lstExistingModelNumber"), model);
+        Choose(List("lstExistingInterface"), 1);
+        Choose(List("lstExistingInterface"), interfaceIndex);
+        Save();
+        EXPECT_EQ(ScannerValue("Lane", "Scanner Version"), code);
+        EXPECT_EQ(ScannerValue("Lane", "Serial Port"), port);
+    }
+}
+
+TEST_F(ModifyProfile, AScannerWithoutAScaleKeepsItsUnitAndDisplay) {
+    StoreScanner("Lane", WithScale);
+    Start();
+    Choose(List("lstExistingScale"), "None");
+    Save();
+    EXPECT_EQ(ScannerValue("Lane", "ScaleType"), "0");
+    EXPECT_EQ(ScannerValue("Lane", "WeightUnit"), "1");
+    EXPECT_EQ(ScannerValue("Lane", "Display"), "1");
+}
+
+TEST_F(ModifyProfile, AnotherTypeOfScaleRewritesTheKeyForItsServiceObject) {
+    StoreScale("Lane", SingleCable);
+    Start();
+    ChooseScales();
+    Choose(List("lstExistingScaleType"), "Dual-Cable");
+    Save();
+    EXPECT_EQ(devices_.Item(DeviceClass::Scale, "Lane")->ClassName(), "CAveryScale");
+    const std::string key = "SOFTWARE\\OLEForRetail\\ServiceOPOS\\Scale\\Lane";
+    const auto values = registry_.Values(key);
+    EXPECT_EQ(values.size(), 7U) << "nothing of the former service object is left";
+    EXPECT_EQ(WithValue(values, ""), "OPOS.A702.SCALE.SO");
+    EXPECT_EQ(WithValue(values, "Description"), "Service Object For A702 Scale");
+    EXPECT_EQ(WithValue(values, "PORT"), "COM5");
+    EXPECT_EQ(WithValue(values, "Display"), "1");
+    EXPECT_EQ(WithValue(values, "WeightUnit"), "1");
+    EXPECT_EQ(WithValue(values, "Service"), "a702so.dll");
+    EXPECT_EQ(WithValue(values, "Version"), "1.5.0");
+
+    Choose(List("lstExistingScaleType"), "Single-Cable");
+    Save();
+    EXPECT_EQ(devices_.Item(DeviceClass::Scale, "Lane")->ClassName(), "CScale2");
+    EXPECT_EQ(ScaleValue("Lane", ""), "Tavrin.Opos.Scale");
+    EXPECT_EQ(ScaleValue("Lane", "Serial Port"), "5");
+    EXPECT_EQ(ScaleValue("Lane", "PORT"), "");
+    EXPECT_EQ(ListedNames(DeviceClass::Scale)[0], QStringList("Lane"));
+}
+
+TEST_F(ModifyProfile, AScaleThatATestHoldsIsStillHeldAfterItWasSaved) {
+    StoreScale("Lane", SingleCable);
+    Start();
+    devices_.Item(DeviceClass::Scale, "Lane")->InUse(true);
+    ChooseScales();
+    Save();
+    EXPECT_TRUE(devices_.Item(DeviceClass::Scale, "Lane")->InUse());
+}
+
+TEST_F(ModifyProfile, AModelThatIsNotOfferedIsShownAndKept) {
+    StoreScanner("New",
+                 {{"", "Tavrin.Opos.Scanner"}, {"Model", "Pelerin/9999"}, {"Serial Port", "3"}, {"ScaleType", "1"}});
+    StoreScanner("Old", {{"", "Tavrin.OPOS.Scanner.Serial"}, {"ModelNumber", "Trek-4"}, {"SerialPort", "COM3"}});
+    Start();
+    EXPECT_EQ(List("lstExistingModelNumber").ListIndex(), -1);
+    EXPECT_EQ(List("lstExistingModelNumber").placeholderText(), "Pelerin/9999");
+    EXPECT_TRUE(List("lstExistingScale").isEnabled());
+    EXPECT_EQ(List("lstExistingScale").Text(), "Single-Cable");
+    Choose(List("lstExistingComPort"), "COM4");
+    Save();
+    EXPECT_EQ(ScannerValue("New", "Model"), "Pelerin/9999");
+    EXPECT_EQ(ScannerValue("New", "Serial Port"), "4");
+    EXPECT_EQ(ScannerValue("New", "Scanner Version"), "1");
+
+    Choose(List("lstExistingDeviceName_0"), "Old");
+    EXPECT_EQ(List("lstExistingModelNumber").placeholderText(), "Trek 3/4/5");
+    Choose(List("lstExistingInterface"), "RS232");
+    Choose(List("lstExistingComPort"), "COM5");
+    Save();
+    EXPECT_EQ(ScannerValue("Old", "ModelNumber"), "Trek-3");
+    EXPECT_EQ(ScannerValue("Old", "SerialPort"), "COM5");
+}
+
+TEST_F(ModifyProfile, StoredNumbersThatAreNotOfferedAreKept) {
+    StoreScanner("Lane", {{"", "Tavrin.Opos.Scanner"},
+                          {"Model", "Pelerin/3172"},
+                          {"Serial Port", "70"},
+                          {"Scanner Version", "0"},
+                          {"ScaleType", "7"},
+                          {"WeightUnit", "8"},
+                          {"Display", "9"}});
+    StoreScale("Lane", {{"", "Tavrin.Opos.Scale"}, {"Serial Port", "70"}, {"WeightUnit", "8"}, {"Display", "9"}});
+    Start();
+    EXPECT_EQ(List("lstExistingComPort").ListIndex(), -1);
+    EXPECT_EQ(List("lstExistingScale").ListIndex(), -1);
+    Choose(List("lstExistingModelNumber"), "Pelerin/3256");
+    List("lstExistingScale").SetListIndex(-1);
+    Save();
+    EXPECT_EQ(ScannerValue("Lane", "Model"), "Pelerin/3256");
+    EXPECT_EQ(ScannerValue("Lane", "Serial Port"), "70");
+    EXPECT_EQ(ScannerValue("Lane", "ScaleType"), "7");
+    EXPECT_EQ(ScannerValue("Lane", "WeightUnit"), "8");
+    EXPECT_EQ(ScannerValue("Lane", "Display"), "9");
+    ChooseScales();
+    EXPECT_EQ(List("lstExistingScaleWeightUnit_1").ListIndex(), -1);
+    Choose(List("lstExistingScaleDisplay_1"), "Yes");
+    Save();
+    EXPECT_EQ(ScaleValue("Lane", "Serial Port"), "70");
+    EXPECT_EQ(ScaleValue("Lane", "WeightUnit"), "8");
+    EXPECT_EQ(ScaleValue("Lane", "Display"), "1");
+}
+
+TEST_F(ModifyProfile, ProgrammingTakesTheProfileAsItWasStored) {
+    StoreScanner("Lane", Serial);
+    Start();
+    Choose(List("lstExistingComPort"), "COM9");
+    Click(Button("cmdExistingProgram"));
+    ASSERT_EQ(toProgram_.size(), 1U);
+    EXPECT_EQ(toProgram_[0], devices_.Item(DeviceClass::Scanner, "Lane"));
+    EXPECT_EQ(std::dynamic_pointer_cast<CScanner2>(toProgram_[0])->SerialPort(), 12) << "not as the page shows it";
+}
+
+TEST_F(ModifyProfile, ProgrammingOverUsbOnlyTellsHow) {
+    StoreScanner("Lane", Usb);
+    StoreScanner("Pos", {{"", "Tavrin.Opos.Scanner"}, {"Scanner Version", "3"}});
+    Start();
+    const std::vector<std::pair<QString, QString>> words = {{"Lane", "IBM OEM USB"}, {"Pos", "POS USB"}};
+    for (const auto& [name, word] : words) {
+        Choose(List("lstExistingDeviceName_0"), name);
+        const ExpectBox box("Kalder Information",
+                            "If not already configured for use with Ravlin, your " + word +
+                                " scanner must be configured by the scanning of a bar code menu.  Please contact a "
+                                "Tavrin representative if you require assistance with that.");
+        Click(Button("cmdExistingProgram"));
+    }
+    EXPECT_TRUE(toProgram_.empty());
+}
+
+TEST_F(ModifyProfile, ForeignProfilesCannotBeModified) {
+    StoreScanner("Foreign", {{"", "Other.Scanner"}});
+    StoreScale("Foreign", {{"", "Other.Scale"}});
+    Start();
+    EXPECT_TRUE(Items(List("lstExistingDeviceName_0")).empty());
+    EXPECT_TRUE(Items(List("lstExistingDeviceName_1")).empty());
+}
+
+TEST_F(ModifyProfile, AProfileOfTheOtherClassThatSelectsItselfDoesNotTakeThePageOver) {
+    StoreScanner("Lane", Serial);
+    Start();
+    const auto scale = std::make_shared<CScale2>(registry_);
+    scale->DeviceName("Lane");
+    devices_.Add(DeviceClass::Scale, "Lane", scale);
+    names_.AddDeviceName(DeviceClass::Scale, "Lane");
+    names_.SelectOnlyItems(DeviceClass::Scale);
+    EXPECT_EQ(List("lstExistingInterface").Text(), "RS232");
+    EXPECT_EQ(List("lstExistingComPort").Text(), "COM12");
+    EXPECT_TRUE(IsShown(Widget("fraExistingDeviceInfo_0")));
+    EXPECT_TRUE(Button("cmdExistingProgram").isEnabled());
+}
+
+TEST_F(ModifyProfile, SavingMakesAKeyAgainThatAnotherProgramDeleted) {
+    StoreScanner("Lane", Serial);
+    Start();
+    const auto tree = registry_.Tree();
+    tree->DeleteKey(RegistryRoot::LocalMachine, "SOFTWARE\\OLEForRetail\\ServiceOPOS\\Scanner\\Lane");
+    tree->Commit();
+    Save();
+    EXPECT_EQ(ScannerValue("Lane", "Model"), "Kavit/7301");
+}
+
+TEST_F(ModifyProfile, AProfileThatIsGoneIsNotSavedBehindAMessage) {
+    StoreScanner("Lane", Serial);
+    Start();
+    devices_.Remove(DeviceClass::Scanner, "Lane");
+    const ExpectBox error("Ravlin", "Invalid procedure call or argument (there is no Scanner profile Lane)\r\n\r\n"
+                                    "Error Number: 5");
+    Click(Button("cmdExistingSave"));
+}
+
+namespace {
+
+// The page over a store that fails.
+class ModifyProfileOnABadDay : public ::testing::Test {
+protected:
+    TemporaryRegistry disk_;
+    FailingRegistry registry_{disk_};
+    DeviceCollection devices_;
+    ModifyProfileView page_{{registry_, devices_}};
+};
+
+} // namespace
+
+TEST_F(ModifyProfileOnABadDay, AFailingStoreIsReportedOnceAndTheStoredProfileStaysWhole) {
+    CScanner2 stored(disk_);
+    stored.DeviceName("Lane");
+    stored.Model("Kavit/7301");
+    stored.SerialPort(12);
+    stored.ScannerType(1);
+    stored.SaveDevice(false);
+    const auto device = std::make_shared<CScanner2>(registry_);
+    device->DeviceName("Lane");
+    device->LoadDevice();
+    devices_.Add(DeviceClass::Scanner, "Lane", device);
+    FillComPortLists({&page_.ComPortList()});
+    page_.InterfaceList().AddItem("RS232");
+    page_.NameLists()[0]->AddItem("Lane");
+    page_.SelectFirstDeviceType();
+    page_.show();
+    const std::string key = "SOFTWARE\\OLEForRetail\\ServiceOPOS\\Scanner\\Lane";
+    const auto before = disk_.Values(key);
+
+    Choose(page_.ComPortList(), "COM9");
+    registry_.FailAt(RegistryOperation::WriteValue, 4, RegistryErrorNumber::WriteValue);
+    {
+        const ExpectBox error("Ravlin", "The disk is gone.\r\n\r\nError Number: -2147220985");
+        Click(Control<QPushButton>(page_, "cmdExistingSave"));
+    }
+    EXPECT_EQ(disk_.Values(key), before);
+    {
+        const ExpectBox saved("Profile Saved", "Device profile successfully saved.");
+        Click(Control<QPushButton>(page_, "cmdExistingSave"));
+    }
+    EXPECT_EQ(disk_.Text(key, "Serial Port"), "9");
+}
