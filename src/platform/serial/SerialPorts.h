@@ -13,6 +13,10 @@
 // "COM" and the number in decimal.
 [[nodiscard]] std::string SerialPortName(int port);
 
+// The port directory of this user's own: RAVLIN_PORTS or the one in the runtime directory; nothing where neither is
+// set.
+[[nodiscard]] std::optional<std::filesystem::path> UserSerialPortDirectory();
+
 // The directories that are searched for ports, first match first; none on Windows. They need not exist.
 [[nodiscard]] std::vector<std::filesystem::path> SerialPortDirectories();
 

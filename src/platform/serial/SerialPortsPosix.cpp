@@ -34,15 +34,24 @@ std::string SerialPortName(int port) {
     return std::string(Prefix) + std::to_string(port);
 }
 
-std::vector<fs::path> SerialPortDirectories() {
+std::optional<fs::path> UserSerialPortDirectory() {
     if (const std::string chosen = Environment("RAVLIN_PORTS"); !chosen.empty()) {
-        return {chosen};
+        return chosen;
     }
-    std::vector<fs::path> directories;
     if (const std::string runtime = Environment("XDG_RUNTIME_DIR"); !runtime.empty()) {
-        directories.push_back(fs::path(runtime) / "ravlin" / "ports");
+        return fs::path(runtime) / "ravlin" / "ports";
     }
-    directories.emplace_back("/etc/ravlin/ports");
+    return std::nullopt;
+}
+
+std::vector<fs::path> SerialPortDirectories() {
+    std::vector<fs::path> directories;
+    if (const auto own = UserSerialPortDirectory()) {
+        directories.push_back(*own);
+    }
+    if (Environment("RAVLIN_PORTS").empty()) {
+        directories.emplace_back("/etc/ravlin/ports");
+    }
     return directories;
 }
 

@@ -14,6 +14,10 @@ std::string SerialPortName(int port) {
     return "COM" + std::to_string(port);
 }
 
+std::optional<std::filesystem::path> UserSerialPortDirectory() {
+    return std::nullopt;
+}
+
 std::vector<std::filesystem::path> SerialPortDirectories() {
     return {};
 }

@@ -1,0 +1,25 @@
+// What the scanners of the programming classes are like, seen from the device.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string_view>
+
+struct ScannerTraits {
+    int firstClass;
+    int lastClass;
+    bool wokenByCommand; // by SSET; the others announce themselves when they are switched on
+    bool sendsAtOnce;    // its configuration, when it is woken; the others are asked by PM
+    std::string_view prefix;
+    bool takesApm;
+    std::size_t blockSize; // bytes
+    std::string_view firmware;
+    std::string_view description;
+};
+
+// Nothing where no scanner has the programming class.
+[[nodiscard]] std::optional<ScannerTraits> TraitsOf(int programmingClass);
+
+// One entry per kind, by class.
+[[nodiscard]] std::span<const ScannerTraits> AllScannerTraits();

@@ -1,0 +1,21 @@
+#include "lane/window/LaneProgram.h"
+
+#include "lane/LaneRunner.h"
+#include "lane/window/LaneEvents.h"
+#include "lane/window/frmLane.h"
+
+#include <QApplication>
+
+int RunLaneWindow(int argc, char* argv[], const LaneArguments& arguments) {
+    const QApplication application(argc, argv);
+    QApplication::setApplicationName("ravlin-lane");
+    // Outlives the lane, whose thread reports to it.
+    LaneEvents events;
+    LaneRunner lane(arguments.options, [&events](const std::string& event) { emit events.Happened(event.c_str()); });
+    frmLane window(lane, events, arguments.options);
+    for (const std::string& command : arguments.commands) {
+        window.Execute(QString::fromStdString(command));
+    }
+    window.show();
+    return QApplication::exec();
+}
