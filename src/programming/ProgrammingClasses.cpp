@@ -64,12 +64,8 @@ constexpr std::array Class1Bytes = {
     To(17, 0x2E), To(18, 0x30), To(19, 0x82), To(24, 0x22),
 };
 
-constexpr auto AsSet = EntryKind::AsSet;
-constexpr auto ByCommand = EntryKind::ByCommand;
-constexpr auto AtPowerUp = EntryKind::AtPowerUp;
-constexpr auto AsCommand = WriteKind::AsCommand;
-constexpr auto ByFirmware = WriteKind::ByFirmware;
-constexpr auto AfterEcho = WriteKind::AfterEcho;
+using enum EntryKind;
+using enum WriteKind;
 constexpr auto NoLast = ProgrammingClass::NoLast;
 
 // The first row that holds a number counts. 16 and 32 are the scale-capable models without a scale; the numbers behind
