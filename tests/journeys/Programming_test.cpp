@@ -27,10 +27,10 @@ namespace {
 
 constexpr std::int16_t Port = 3;
 
-// Long for scanners that answer, short for those that do not.
 constexpr SerlinkLimits Patient;
-constexpr SerlinkLimits Impatient{
-    .commandEntry = 200ms, .powerUpEntry = 200ms, .replyByte = 200ms, .acknowledge = 200ms};
+// For scanners that do not answer from the start, and for those that fall silent at the end.
+constexpr SerlinkLimits ImpatientAtEntry{.commandEntry = 200ms, .powerUpEntry = 200ms};
+constexpr SerlinkLimits ImpatientAtEnd{.acknowledge = 200ms};
 
 // Runs work once when a message box is shown, as a hand that switches the scanner off and on would.
 class WhenBoxShown : public QObject {
@@ -209,7 +209,7 @@ TEST_F(ProgrammingJourney, MuteScannerDoesNotEnterProgrammingMode) {
     for (const std::int32_t type : {1, 3, 6, 16}) {
         PutScanner(type);
         OnPort("mute");
-        EXPECT_FALSE(ProgramByHand(ProgrammedScanner(type, Port), Impatient));
+        EXPECT_FALSE(ProgramByHand(ProgrammedScanner(type, Port), ImpatientAtEntry));
         ExpectFailure("did not enter programming mode");
         Lane("mute " + std::to_string(Port) + " off");
     }
@@ -221,7 +221,7 @@ TEST_F(ProgrammingJourney, ScannerThatFallsSilentBeforeItConfirmsIsAFailure) {
         if (progress.step == SerlinkStep::Sending && progress.expected > 1000 && progress.done == 0)
             OnPort("mute");
     };
-    EXPECT_FALSE(Program(ProgrammedScanner(3, Port), Impatient));
+    EXPECT_FALSE(Program(ProgrammedScanner(3, Port), ImpatientAtEnd));
     ExpectFailure("did not confirm");
 }
 
