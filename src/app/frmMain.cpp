@@ -5,6 +5,7 @@
 #include "dialogs/frmGlobalConfig.h"
 #include "profiles/NumberedError.h"
 #include "profiles/Numbers.h"
+#include "programming/frmProgram.h"
 #include "ui_frmMain.h"
 #include "views/DetailedTestView.h"
 #include "views/DeviceInformationView.h"
@@ -15,6 +16,7 @@
 
 #include <QCloseEvent>
 #include <QIcon>
+#include <QPushButton>
 #include <QScreen>
 
 namespace {
@@ -79,6 +81,8 @@ void frmMain::ConnectControls() {
                 [this, i] { ShowView(static_cast<int>(i)); });
     connect(modifyProfile_, &ModifyProfileView::LoggingLevelShown, this, &frmMain::ShowLogLevel);
     connect(ui_->mnuGlobalConfig, &QAction::triggered, this, &frmMain::mnuGlobalConfig_Click);
+    connect(newProfile_, &NewProfileView::ProgramRequested, this, &frmMain::ProgramScanner);
+    connect(modifyProfile_, &ModifyProfileView::ProgramRequested, this, &frmMain::ProgramScanner);
     connect(ui_->mnuFileQuit, &QAction::triggered, this, &QWidget::close);
     connect(ui_->mnuHelpAbout, &QAction::triggered, this, &frmMain::mnuHelpAbout_Click);
     connect(ui_->lstLogLevel, &DropDownList::Click, this, &frmMain::lstLogLevel_Click);
@@ -186,6 +190,23 @@ void frmMain::AddDevice(const std::shared_ptr<CDevice>& device) {
     nameLists_->AddDeviceName(deviceType, name);
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     nameLists_->SelectOnlyItems(deviceType);
+}
+
+void frmMain::ProgramScanner(const std::shared_ptr<CDevice>& device) {
+    auto* window = new frmProgram({.makeSerlink = services_.makeSerlink}, this);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    connect(window, &frmProgram::ProgramComplete, this, &frmMain::ProgramComplete);
+    window->show();
+    existingProgramEnabled_ = modifyProfile_->ProgramButton().isEnabled();
+    newProgramEnabled_ = newProfile_->ProgramButton().isEnabled();
+    modifyProfile_->ProgramButton().setEnabled(false);
+    newProfile_->ProgramButton().setEnabled(false);
+    window->ProgramDevice(*device);
+}
+
+void frmMain::ProgramComplete() {
+    newProfile_->ProgramButton().setEnabled(newProgramEnabled_);
+    modifyProfile_->ProgramButton().setEnabled(existingProgramEnabled_);
 }
 
 QString frmMain::AvailableInterfaces() const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/Settings.h"
+#include "programming/SerlinkFactory.h"
 #include "views/DeviceCollection.h"
 #include "views/DeviceNameLists.h"
 
@@ -30,6 +31,7 @@ public:
     // What the window and its views work on; all of it outlives the window.
     struct Services {
         Registry& registry;
+        SerlinkFactory makeSerlink;
     };
     explicit frmMain(const Services& services);
     ~frmMain() override;
@@ -47,6 +49,8 @@ public:
 
     // Enters a stored profile in the collection and, unless it replaces one, in the lists.
     void AddDevice(const std::shared_ptr<CDevice>& device);
+    // Gives the program buttons back the states that they had before a programming session.
+    void ProgramComplete();
     // Two digits a port, in list order.
     [[nodiscard]] QString AvailableComPorts() const { return availableComPorts_; }
     // The names of the interfaces, separated by carriage returns.
@@ -69,6 +73,8 @@ private:
 
     // Shows a level of a profile, -1 to 4, in the log level list; nothing for any other number.
     void ShowLogLevel(int level);
+    // Programs the scanner of the profile in a window of its own, which stays to show how that ended.
+    void ProgramScanner(const std::shared_ptr<CDevice>& device);
     void lstLogLevel_Click();
     void mnuGlobalConfig_Click();
     void mnuHelpAbout_Click();
@@ -79,6 +85,8 @@ private:
     DeviceCollection colDevices_;
     QString availableComPorts_;
     std::optional<DeviceNameLists> nameLists_;
+    bool newProgramEnabled_ = false; // the states of the program buttons before a session
+    bool existingProgramEnabled_ = false;
 
     NewProfileView* newProfile_ = nullptr;
     ModifyProfileView* modifyProfile_ = nullptr;

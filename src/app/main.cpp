@@ -1,6 +1,7 @@
 // Builds the program's parts and wires them.
 #include "app/CommandLine.h"
 #include "app/RavlinApplication.h"
+#include "app/SystemSerlink.h"
 #include "app/frmMain.h"
 #include "app/modPrevInstance.h"
 #include "platform/instance/PreviousInstance.h"
@@ -21,7 +22,7 @@ int main(int argc, char** argv) {
         return 0;
 
     const std::unique_ptr<Registry> registry = OpenSystemRegistry();
-    frmMain mainWindow({*registry});
+    frmMain mainWindow({.registry = *registry, .makeSerlink = SystemSerlink()});
     previous.ListenForLater([&mainWindow] { mainWindow.ComeForward(); });
     mainWindow.Form_Load(commandLine.showLogLevel);
     mainWindow.show();

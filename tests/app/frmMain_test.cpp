@@ -1,4 +1,4 @@
-#include "MainWindow.h"
+#include "support_app/MainWindow.h"
 
 #include "profiles/CScale2.h"
 #include "profiles/CScanner2.h"

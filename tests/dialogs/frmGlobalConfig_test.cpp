@@ -1,5 +1,6 @@
 #include "dialogs/frmGlobalConfig.h"
 
+#include "app/SystemSerlink.h"
 #include "app/frmMain.h"
 #include "profiles/RegistryPaths.h"
 #include "support/FailingRegistry.h"
@@ -190,7 +191,7 @@ protected:
     }
 
     TemporaryRegistry registry_;
-    frmMain window_{{registry_}};
+    frmMain window_{{registry_, SystemSerlink()}};
 };
 
 } // namespace

@@ -1,4 +1,5 @@
 // A profile's life in the program: stored, shown after a restart, changed, deleted; for names as users type them.
+#include "app/SystemSerlink.h"
 #include "app/frmMain.h"
 #include "profiles/RegistryPaths.h"
 #include "support/TemporaryRegistry.h"
@@ -20,7 +21,7 @@ protected:
         Start();
     }
     void Start() {
-        window_ = std::make_unique<frmMain>(frmMain::Services{registry_});
+        window_ = std::make_unique<frmMain>(frmMain::Services{registry_, SystemSerlink()});
         window_->Form_Load(false);
         window_->show();
     }

@@ -1,11 +1,13 @@
-#include "MainWindow.h"
+#include "support_app/MainWindow.h"
+
+#include "app/SystemSerlink.h"
 
 #include <QAction>
 #include <QStackedWidget>
 #include <QTest>
 
 MainWindow::MainWindow(Registry& registry, bool showLogLevel)
-    : window_(std::make_unique<frmMain>(frmMain::Services{registry})) {
+    : window_(std::make_unique<frmMain>(frmMain::Services{.registry = registry, .makeSerlink = SystemSerlink()})) {
     window_->Form_Load(showLogLevel);
     window_->show();
     if (!QTest::qWaitForWindowExposed(window_.get()))

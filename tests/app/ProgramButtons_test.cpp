@@ -1,0 +1,95 @@
+// What the main window does around a programming session.
+#include "profiles/CScanner2.h"
+#include "profiles/RegistryPaths.h"
+#include "support/PseudoTerminal.h"
+#include "support/TemporaryRegistry.h"
+#include "support_app/MainWindow.h"
+#include "support_widgets/BoxWatcher.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class ProgramButtons : public ::testing::Test {
+protected:
+    ProgramButtons() {
+        registry_.Put(RegistryPaths::Settings, "StartupWizard", "1", RegistryRoot::CurrentUser);
+        CScanner2 scanner(registry_);
+        scanner.DeviceName("Lane 1");
+        scanner.Model("7346");
+        scanner.ScannerType(1);
+        scanner.SerialPort(2);
+        scanner.SaveDevice(false);
+    }
+
+    TemporaryRegistry registry_;
+    TemporaryPorts ports_;
+};
+
+QWidget& ProgrammingWindow(frmMain& window) {
+    return Control<QWidget>(window, "frmProgram");
+}
+
+} // namespace
+
+TEST_F(ProgramButtons, AreDisabledWhileAScannerIsProgrammedAndGetTheirStatesBack) {
+    PseudoTerminal scanner(ports_, 1);
+    MainWindow window(registry_);
+    auto& newProgram = Control<QPushButton>(*window, "cmdNewProgram");
+    auto& existingProgram = Control<QPushButton>(*window, "cmdExistingProgram");
+    ASSERT_TRUE(newProgram.isEnabled());
+    ASSERT_TRUE(existingProgram.isEnabled());
+    {
+        const WhenShown session("frmProgram", [&](QWidget& program) {
+            EXPECT_FALSE(newProgram.isEnabled());
+            EXPECT_FALSE(existingProgram.isEnabled());
+            EXPECT_FALSE(program.isModal());
+            EXPECT_EQ(program.parentWidget(), &*window);
+            scanner.Unplug();
+        });
+        Click(newProgram);
+    }
+    EXPECT_TRUE(newProgram.isEnabled());
+    EXPECT_TRUE(existingProgram.isEnabled());
+    EXPECT_TRUE(IsShown(Control<QWidget>(ProgrammingWindow(*window), "fraFailure")));
+    Click(Control<QPushButton>(ProgrammingWindow(*window), "cmdClose"));
+    EXPECT_TRUE(WaitUntil([&] { return window->findChild<QWidget*>("frmProgram") == nullptr; }));
+}
+
+TEST_F(ProgramButtons, ADisabledButtonStaysDisabledAfterASession) {
+    MainWindow window(registry_); // there is no COM1: the session fails at once
+    Choose(window.List("lstExistingInterface"), 1);
+    auto& existingProgram = Control<QPushButton>(*window, "cmdExistingProgram");
+    ASSERT_FALSE(existingProgram.isEnabled());
+    Click(Control<QPushButton>(*window, "cmdNewProgram"));
+    EXPECT_TRUE(Control<QPushButton>(*window, "cmdNewProgram").isEnabled());
+    EXPECT_FALSE(existingProgram.isEnabled());
+}
+
+TEST_F(ProgramButtons, TheStoredProfileIsProgrammedOverItsOwnPort) {
+    const PseudoTerminal scanner(ports_, 2);
+    MainWindow window(registry_);
+    const WhenShown session("frmProgram", [&](QWidget&) {
+        EXPECT_EQ(scanner.Receive(5), "SSET\r");
+        scanner.Send("\x15"); // refused
+    });
+    Click(Control<QPushButton>(*window, "cmdExistingProgram"));
+}
+
+TEST_F(ProgramButtons, SavingWithYesProgramsTheNewScanner) {
+    MainWindow window(registry_);
+    QTest::keyClicks(&Control<QLineEdit>(*window, "txtNewDeviceName"), "Lane 2");
+    const ExpectBox created("Ravlin", "Device profile created successfully.");
+    const ExpectBox question(
+        "Program Scanner?",
+        "You must reprogram your scanner before it will work\r\nwith the Tavrin OPOS drivers.  Do "
+        "you wish to\r\nreprogram your scanner now?\r\n\r\nYou can reprogram your scanner at a later "
+        "time by\r\nclicking the Program button in the Modify Profile section.",
+        QMessageBox::Yes);
+    Click(Control<QPushButton>(*window, "cmdNewSave"));
+    EXPECT_TRUE(IsShown(Control<QWidget>(ProgrammingWindow(*window), "fraFailure"))) << "there is no COM1";
+}

@@ -1,0 +1,131 @@
+// ravlin_screenshots light|dark DIRECTORY
+#include "Photographer.h"
+
+#include "app/RavlinApplication.h"
+#include "profiles/CAveryScale.h"
+#include "profiles/CScale2.h"
+#include "profiles/CScanner2.h"
+#include "profiles/RegistryPaths.h"
+#include "support/PseudoTerminal.h"
+#include "support/TemporaryRegistry.h"
+#include "support_app/MainWindow.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStyleFactory>
+
+#include <cstdio>
+
+namespace {
+
+QPalette DarkPalette() {
+    const QColor window(43, 43, 43);
+    const QColor base(30, 30, 30);
+    const QColor text(230, 230, 230);
+    const QColor disabled(128, 128, 128);
+    QPalette palette(window);
+    palette.setColor(QPalette::Window, window);
+    palette.setColor(QPalette::Base, base);
+    palette.setColor(QPalette::AlternateBase, window);
+    palette.setColor(QPalette::ToolTipBase, base);
+    palette.setColor(QPalette::Button, QColor(60, 60, 60));
+    palette.setColor(QPalette::Highlight, QColor(61, 124, 201));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, QColor(110, 170, 240));
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText,
+                            QPalette::PlaceholderText}) {
+        palette.setColor(role, text);
+        palette.setColor(QPalette::Disabled, role, disabled);
+    }
+    return palette;
+}
+
+// A machine with a few profiles.
+void FillStore(TemporaryRegistry& registry) {
+    registry.Put(RegistryPaths::Settings, "StartupWizard", "1", RegistryRoot::CurrentUser);
+    CScanner2 scanner(registry);
+    scanner.DeviceName("Lane 1");
+    scanner.Model("Pelerin/3172");
+    scanner.SerialPort(1);
+    scanner.SScaleType(1);
+    scanner.SWeightUnit(1);
+    scanner.SaveDevice(false);
+    CScale2 scale(registry);
+    scale.DeviceName("Lane 1");
+    scale.SerialPort(1);
+    scale.WeightUnit(1);
+    scale.SaveDevice(false);
+    CAveryScale avery(registry);
+    avery.DeviceName("Delicatessen");
+    avery.SerialPort(3);
+    avery.SaveDevice(false);
+}
+
+class Session {
+public:
+    Session(MainWindow& window, const Photographer& photographer) : window_(window), photographer_(photographer) {}
+
+    void TakeNewProfile() {
+        window_->ShowView(0);
+        photographer_.Take(*window_, "new-profile-start");
+        window_.List("lstNewModelNumber").SetListIndex(1);
+        window_.List("lstNewScale").SetListIndex(1);
+        Control<QLineEdit>(*window_, "txtNewDeviceName").setText("Lane 2");
+        photographer_.Take(*window_, "new-profile");
+        window_.List("lstNewDeviceType").SetListIndex(1);
+        photographer_.Take(*window_, "new-profile-scale");
+        window_.List("lstNewDeviceType").SetListIndex(0);
+    }
+
+    void TakeSave() {
+        photographer_.TakeModals({"configure-scale", "profile-created", "program-question"},
+                                 [this] { Control<QPushButton>(*window_, "cmdNewSave").click(); });
+    }
+
+    void TakePages() {
+        const std::array<const char*, 5> names = {"", "modify-profile", "simple-test", "detailed-test",
+                                                  "device-information"};
+        for (int view = 1; view < 5; ++view) {
+            window_->ShowView(view);
+            photographer_.Take(*window_, names.at(static_cast<std::size_t>(view)));
+        }
+    }
+
+    void TakeAbout() {
+        photographer_.TakeModals({"about"}, [this] { window_.Menu("mnuHelpAbout"); });
+    }
+
+private:
+    MainWindow& window_;
+    const Photographer& photographer_;
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    RavlinApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() != 3 || (arguments[1] != "light" && arguments[1] != "dark")) {
+        std::fputs("usage: ravlin_screenshots light|dark DIRECTORY\n", stderr);
+        return 2;
+    }
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    if (arguments[1] == "dark")
+        QApplication::setPalette(DarkPalette());
+    try {
+        TemporaryRegistry registry;
+        const TemporaryPorts ports;
+        FillStore(registry);
+        MainWindow window(registry, true);
+        const Photographer photographer{QDir(arguments[2])};
+        Session session(window, photographer);
+        session.TakeNewProfile();
+        session.TakeSave();
+        session.TakePages();
+        session.TakeAbout();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "ravlin_screenshots: %s\n", error.what());
+        return 1;
+    }
+    return 0;
+}
