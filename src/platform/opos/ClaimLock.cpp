@@ -14,15 +14,24 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// In a directory that everybody may write, somebody else could have made ours before us.
+// The user's own directory for things that end with the session; null where there is none.
+const char* RuntimeDirectory() {
+    const char* runtime = std::getenv("XDG_RUNTIME_DIR"); // NOLINT(concurrency-mt-unsafe): nothing sets it
+    return runtime != nullptr && *runtime != '\0' ? runtime : nullptr;
+}
+
+// Among the temporary files, where everybody may write, somebody else could have made our directory before us.
 bool MakePrivateDirectory(const fs::path& directory) {
+    const bool mustBeOurs = RuntimeDirectory() == nullptr;
     std::error_code error;
     fs::create_directories(directory.parent_path().parent_path(), error);
     for (const fs::path& made : {directory.parent_path(), directory}) {
         struct stat status {};
         if (::mkdir(made.c_str(), 0700) != 0 && errno != EEXIST)
             return false;
-        if (::lstat(made.c_str(), &status) != 0 || !S_ISDIR(status.st_mode) || status.st_uid != ::geteuid())
+        if (::lstat(made.c_str(), &status) != 0 || !S_ISDIR(status.st_mode))
+            return false;
+        if (mustBeOurs && status.st_uid != ::geteuid())
             return false;
     }
     return true;
@@ -35,8 +44,7 @@ ClaimLock::~ClaimLock() {
 }
 
 fs::path ClaimLock::Directory() {
-    const char* runtime = std::getenv("XDG_RUNTIME_DIR"); // NOLINT(concurrency-mt-unsafe): nothing sets it
-    if (runtime != nullptr && *runtime != '\0')
+    if (const char* runtime = RuntimeDirectory())
         return fs::path(runtime) / "ravlin" / "claims";
     std::error_code error;
     const fs::path temporary = fs::temp_directory_path(error);

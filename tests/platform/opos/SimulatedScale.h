@@ -32,7 +32,7 @@ public:
 private:
     void Serve(const std::stop_token& stop) {
         while (!stop.stop_requested()) {
-            for (const char command : line_.Receive(1, std::chrono::milliseconds(20))) {
+            for (const char command : line_.Receive(1, std::chrono::milliseconds(5))) {
                 std::string reply;
                 {
                     const std::lock_guard lock(mutex_);
