@@ -4,6 +4,7 @@
 #include "platform/serial/SerlinkPort.h"
 #include "profiles/CScanner1.h"
 #include "profiles/CScanner2.h"
+#include "programming/BoxesSeen.h"
 #include "programming/ExpectedConfiguration.h"
 #include "programming/ProgrammedDevice.h"
 #include "programming/ScannerConfiguration.h"
@@ -15,9 +16,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QLabel>
-#include <QMessageBox>
 #include <QPaintEvent>
 #include <QWidget>
 
@@ -31,22 +30,6 @@ constexpr SerlinkLimits Patient;
 // For scanners that do not answer from the start, and for those that fall silent at the end.
 constexpr SerlinkLimits ImpatientAtEntry{.commandEntry = 200ms, .powerUpEntry = 200ms};
 constexpr SerlinkLimits ImpatientAtEnd{.acknowledge = 200ms};
-
-// Runs work once when a message box is shown, as a hand that switches the scanner off and on would.
-class WhenBoxShown : public QObject {
-public:
-    explicit WhenBoxShown(std::function<void()> work) : work_(std::move(work)) { qApp->installEventFilter(this); }
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::Show && qobject_cast<QMessageBox*>(watched) != nullptr)
-            work_();
-        return false;
-    }
-
-private:
-    std::function<void()> work_;
-};
 
 class PaintCounter : public QWidget {
 public:
@@ -105,7 +88,7 @@ protected:
         if (!ExpectedExchangeOf(device.ConfigurationType()).wokenByPower)
             return Program(device, limits);
         const ExpectBox box("Ravlin", "You must recycle power to enter programming mode for this scanner.");
-        const WhenBoxShown hand([this] { OnPort("power"); });
+        const BoxesSeen hand([this] { OnPort("power"); });
         return Program(device, limits);
     }
 

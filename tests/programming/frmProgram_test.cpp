@@ -1,5 +1,6 @@
 #include "programming/frmProgram.h"
 
+#include "BoxesSeen.h"
 #include "ProgrammedDevice.h"
 #include "ScriptedSerlink.h"
 #include "profiles/NumberedError.h"
@@ -99,26 +100,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* /*event*/) override { ++paints; }
-};
-
-// Notes the icons of the message boxes that are shown; once a box is up, work runs.
-class BoxesSeen : public QObject {
-public:
-    explicit BoxesSeen(std::function<void()> work = {}) : work_(std::move(work)) { qApp->installEventFilter(this); }
-    std::vector<QMessageBox::Icon> icons;
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (const auto* box = qobject_cast<QMessageBox*>(watched); box != nullptr && event->type() == QEvent::Show) {
-            icons.push_back(box->icon());
-            if (work_)
-                QTimer::singleShot(0, this, work_);
-        }
-        return false;
-    }
-
-private:
-    std::function<void()> work_;
 };
 
 bool Fail() {
