@@ -1,0 +1,100 @@
+#include "platform/help/HelpBrowser.h"
+
+#include <QEvent>
+#include <QIcon>
+#include <QScrollBar>
+
+namespace {
+
+constexpr int LinesOfMargin = 14;
+
+// The colour between two, share parts of the first in a hundred.
+QString Between(const QColor& a, const QColor& b, int share) {
+    const auto mix = [share](int x, int y) { return (x * share + y * (100 - share)) / 100; };
+    return QColor(mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())).name();
+}
+
+} // namespace
+
+HelpBrowser::HelpBrowser(QWidget* parent) : QTextBrowser(parent) {
+    setOpenExternalLinks(false);
+    document()->setDocumentMargin(LinesOfMargin);
+    ApplyColours();
+}
+
+void HelpBrowser::Highlight(const QStringList& words) {
+    words_ = words;
+    MarkWords();
+}
+
+bool HelpBrowser::FindInPage(const QString& text, QTextDocument::FindFlags direction) {
+    if (find(text, direction))
+        return true;
+    const QTextCursor before = textCursor();
+    moveCursor(direction.testFlag(QTextDocument::FindBackward) ? QTextCursor::End : QTextCursor::Start);
+    if (find(text, direction))
+        return true;
+    setTextCursor(before);
+    return false;
+}
+
+QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
+    if (type == QTextDocument::ImageResource) {
+        const QString path = ':' + (name.isRelative() ? source().resolved(name) : name).path();
+        const QIcon image(path); // takes the rendering for the density of the screen
+        return image.pixmap(QImage(path).size(), devicePixelRatio());
+    }
+    return QTextBrowser::loadResource(type, name);
+}
+
+void HelpBrowser::doSetSource(const QUrl& url, QTextDocument::ResourceType type) {
+    QTextBrowser::doSetSource(url, type);
+    MarkWords();
+}
+
+void HelpBrowser::changeEvent(QEvent* event) {
+    QTextBrowser::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) {
+        ApplyColours();
+        if (!source().isEmpty()) {
+            const int place = verticalScrollBar()->value();
+            reload();
+            verticalScrollBar()->setValue(place);
+            MarkWords();
+        }
+    }
+}
+
+// The topics' own style sheet has no colours, so that they follow the theme.
+void HelpBrowser::ApplyColours() {
+    const QColor text = palette().color(QPalette::Text);
+    const QColor base = palette().color(QPalette::Base);
+    const bool dark = base.lightness() < text.lightness();
+    const QString link = dark ? "#7db7f0" : "#0b5cad";
+    document()->setDefaultStyleSheet(QStringLiteral("a { color: %1; } code { color: %2; }"
+                                                    "th { background-color: %3; } .note { background-color: %4; }"
+                                                    "h1, h2, h3 { color: %5; } .quiet { color: %6; }")
+                                         .arg(link, Between(text, QColor(link), 60), Between(text, base, 14),
+                                              Between(QColor(link), base, dark ? 22 : 12), text.name(),
+                                              Between(text, base, 65)));
+}
+
+void HelpBrowser::MarkWords() {
+    QList<QTextEdit::ExtraSelection> marks;
+    QTextCharFormat format;
+    const bool dark = palette().color(QPalette::Base).lightness() < palette().color(QPalette::Text).lightness();
+    format.setBackground(dark ? QColor(120, 95, 10) : QColor(255, 226, 110));
+    for (const QString& word : words_) {
+        QTextCursor place(document());
+        while (!(place = document()->find(word, place)).isNull())
+            marks.append({place, format});
+    }
+    setExtraSelections(marks);
+    if (!marks.isEmpty() && source().fragment().isEmpty()) {
+        setTextCursor(marks.first().cursor);
+        QTextCursor plain = textCursor();
+        plain.clearSelection();
+        setTextCursor(plain);
+        ensureCursorVisible();
+    }
+}
