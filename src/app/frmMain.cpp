@@ -3,6 +3,7 @@
 #include "app/RavlinApplication.h"
 #include "app/frmAbout.h"
 #include "dialogs/frmGlobalConfig.h"
+#include "platform/help/HelpViewer.h"
 #include "profiles/NumberedError.h"
 #include "profiles/Numbers.h"
 #include "programming/frmProgram.h"
@@ -38,6 +39,20 @@ const std::array Views = {
     View{"E", "Device Information", "device-information", &Ui::frmMain::mnuTestInfo},
 };
 
+struct MenuIcon {
+    QAction* Ui::frmMain::*entry;
+    const char* icon;
+};
+
+constexpr std::array MenuIcons = {
+    MenuIcon{&Ui::frmMain::mnuGlobalConfig, "global-configuration"},
+    MenuIcon{&Ui::frmMain::mnuFileWizard, "wizard"},
+    MenuIcon{&Ui::frmMain::mnuFileQuit, "quit"},
+    MenuIcon{&Ui::frmMain::mnuHelpContents, "help-contents"},
+    MenuIcon{&Ui::frmMain::mnuHelpIndex, "help-index"},
+    MenuIcon{&Ui::frmMain::mnuHelpAbout, "about"},
+};
+
 QIcon Icon(const char* name) {
     return QIcon(QStringLiteral(":/icons/%1.png").arg(name));
 }
@@ -49,6 +64,7 @@ frmMain::frmMain(const Services& services)
     ui_->setupUi(this);
     BuildViews();
     ConnectControls();
+    SetMenuIcons();
 }
 
 frmMain::~frmMain() = default;
@@ -84,8 +100,17 @@ void frmMain::ConnectControls() {
     connect(newProfile_, &NewProfileView::ProgramRequested, this, &frmMain::ProgramScanner);
     connect(modifyProfile_, &ModifyProfileView::ProgramRequested, this, &frmMain::ProgramScanner);
     connect(ui_->mnuFileQuit, &QAction::triggered, this, &QWidget::close);
+    connect(ui_->mnuHelpContents, &QAction::triggered, this, [this] { services_.help.ShowContents(this); });
+    connect(ui_->mnuHelpIndex, &QAction::triggered, this, [this] { services_.help.ShowIndex(this); });
     connect(ui_->mnuHelpAbout, &QAction::triggered, this, &frmMain::mnuHelpAbout_Click);
     connect(ui_->lstLogLevel, &DropDownList::Click, this, &frmMain::lstLogLevel_Click);
+}
+
+void frmMain::SetMenuIcons() {
+    for (const View& view : Views)
+        (ui_.get()->*view.menuEntry)->setIcon(Icon(view.icon));
+    for (const MenuIcon& menu : MenuIcons)
+        (ui_.get()->*menu.entry)->setIcon(Icon(menu.icon));
 }
 
 void frmMain::Form_Load(bool showLogLevel) {
@@ -222,6 +247,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
 }
 
 void frmMain::Form_Unload() {
+    services_.help.Close();
     colDevices_.Clear();
     settings_.SaveWindow({static_cast<float>(pos().x()), static_cast<float>(pos().y())},
                          ui_->ListBar->property(CurrentView).toInt());

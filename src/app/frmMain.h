@@ -14,6 +14,7 @@
 
 class DetailedTestView;
 class DeviceInformationView;
+class HelpViewer;
 class ModifyProfileView;
 class NewProfileView;
 class Registry;
@@ -32,6 +33,7 @@ public:
     struct Services {
         Registry& registry;
         SerlinkFactory makeSerlink;
+        HelpViewer& help;
     };
     explicit frmMain(const Services& services);
     ~frmMain() override;
@@ -63,6 +65,7 @@ private:
     void BuildViews();
     void BuildListBar();
     void ConnectControls();
+    void SetMenuIcons();
     void FillOptionLists();
     void EnumerateProfiles();
     void SelectFirstItems();

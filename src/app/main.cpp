@@ -1,9 +1,11 @@
 // Builds the program's parts and wires them.
 #include "app/CommandLine.h"
+#include "app/HelpKey.h"
 #include "app/RavlinApplication.h"
 #include "app/SystemSerlink.h"
 #include "app/frmMain.h"
 #include "app/modPrevInstance.h"
+#include "platform/help/HelpViewer.h"
 #include "platform/instance/PreviousInstance.h"
 #include "profiles/RegistryStore.h"
 
@@ -22,7 +24,9 @@ int main(int argc, char** argv) {
         return 0;
 
     const std::unique_ptr<Registry> registry = OpenSystemRegistry();
-    frmMain mainWindow({.registry = *registry, .makeSerlink = SystemSerlink()});
+    const std::unique_ptr<HelpViewer> help = CreateHelpViewer();
+    const HelpKey helpKey(application, *help);
+    frmMain mainWindow({.registry = *registry, .makeSerlink = SystemSerlink(), .help = *help});
     previous.ListenForLater([&mainWindow] { mainWindow.ComeForward(); });
     mainWindow.Form_Load(commandLine.showLogLevel);
     mainWindow.show();

@@ -50,3 +50,7 @@ MsgBoxResult MsgBox(QWidget* owner, const QString& text, MsgBoxButtons buttons, 
         box.setEscapeButton(QMessageBox::No);
     return Result(box.exec(), buttons);
 }
+
+bool IsMessageBox(const QObject& object) {
+    return qobject_cast<const QMessageBox*>(&object) != nullptr;
+}

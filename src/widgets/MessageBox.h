@@ -3,6 +3,7 @@
 
 #include <QString>
 
+class QObject;
 class QWidget;
 
 enum class MsgBoxButtons { Ok, YesNo, RetryCancel };
@@ -13,3 +14,6 @@ enum class MsgBoxResult { Ok, Yes, No, Retry, Cancel };
 // answers Ok, No or Cancel. The text is shown as it stands, never as markup.
 MsgBoxResult MsgBox(QWidget* owner, const QString& text, MsgBoxButtons buttons = MsgBoxButtons::Ok,
                     const QString& title = {}, MsgBoxIcon icon = MsgBoxIcon::None);
+
+// Whether the object is such a box.
+[[nodiscard]] bool IsMessageBox(const QObject& object);

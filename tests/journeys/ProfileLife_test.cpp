@@ -1,6 +1,7 @@
 // A profile's life in the program: stored, shown after a restart, changed, deleted; for names as users type them.
 #include "app/SystemSerlink.h"
 #include "app/frmMain.h"
+#include "platform/help/HelpViewer.h"
 #include "profiles/RegistryPaths.h"
 #include "support/TemporaryRegistry.h"
 #include "support_widgets/BoxWatcher.h"
@@ -21,7 +22,7 @@ protected:
         Start();
     }
     void Start() {
-        window_ = std::make_unique<frmMain>(frmMain::Services{registry_, SystemSerlink()});
+        window_ = std::make_unique<frmMain>(frmMain::Services{registry_, SystemSerlink(), *help_});
         window_->Form_Load(false);
         window_->show();
     }
@@ -72,6 +73,7 @@ protected:
         "reprogram your scanner now?\r\n\r\nYou can reprogram your scanner at a later time by\r\n"
         "clicking the Program button in the Modify Profile section.";
     TemporaryRegistry registry_;
+    std::unique_ptr<HelpViewer> help_ = CreateHelpViewer();
     std::unique_ptr<frmMain> window_;
 };
 

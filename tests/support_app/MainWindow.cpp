@@ -3,11 +3,15 @@
 #include "app/SystemSerlink.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QStackedWidget>
 #include <QTest>
 
 MainWindow::MainWindow(Registry& registry, bool showLogLevel)
-    : window_(std::make_unique<frmMain>(frmMain::Services{.registry = registry, .makeSerlink = SystemSerlink()})) {
+    : help_(CreateHelpViewer()),
+      helpKey_(*qApp, *help_),
+      window_(std::make_unique<frmMain>(
+          frmMain::Services{.registry = registry, .makeSerlink = SystemSerlink(), .help = *help_})) {
     window_->Form_Load(showLogLevel);
     window_->show();
     if (!QTest::qWaitForWindowExposed(window_.get()))

@@ -1,7 +1,9 @@
 // The main window over a store, as the program builds it.
 #pragma once
 
+#include "app/HelpKey.h"
 #include "app/frmMain.h"
+#include "platform/help/HelpViewer.h"
 #include "support_widgets/Controls.h"
 
 #include <memory>
@@ -25,5 +27,7 @@ public:
     void Close() { window_->close(); }
 
 private:
+    std::unique_ptr<HelpViewer> help_;
+    HelpKey helpKey_;
     std::unique_ptr<frmMain> window_;
 };

@@ -72,11 +72,12 @@ void HelpBrowser::ApplyColours() {
     const bool dark = base.lightness() < text.lightness();
     const QString link = dark ? "#7db7f0" : "#0b5cad";
     document()->setDefaultStyleSheet(QStringLiteral("a { color: %1; } code { color: %2; }"
-                                                    "th { background-color: %3; } .note { background-color: %4; }"
+                                                    "th { background-color: %3; } table { border-color: %7; "
+                                                    "border-style: solid; } .note { background-color: %4; }"
                                                     "h1, h2, h3 { color: %5; } .quiet { color: %6; }")
                                          .arg(link, Between(text, QColor(link), 60), Between(text, base, 14),
                                               Between(QColor(link), base, dark ? 22 : 12), text.name(),
-                                              Between(text, base, 65)));
+                                              Between(text, base, 65), Between(text, base, 35)));
 }
 
 void HelpBrowser::MarkWords() {

@@ -25,6 +25,7 @@ frmHelp::frmHelp(QWidget* parent) : QWidget(parent, Qt::Window), ui_(std::make_u
     setAttribute(Qt::WA_QuitOnClose, false); // the program ends with its main window
     ui_->splHelp->setStretchFactor(1, 1);
     ui_->splHelp->setSizes({270, 610});
+    ui_->lblFound->hide();
     FillContents();
     FillIndex();
     ConnectControls();
@@ -55,7 +56,7 @@ void frmHelp::ConnectControls() {
     connect(ui_->txtSearch, &QLineEdit::textChanged, this, &frmHelp::txtSearch_Change);
     connect(ui_->txtSearch, &QLineEdit::returnPressed, this, [this] { OpenHit(FirstShown(*ui_->lstHits)); });
     connect(ui_->txtFind, &QLineEdit::returnPressed, this, [this] { FindInPage(false); });
-    connect(ui_->txtFind, &QLineEdit::textChanged, this, [this] { ui_->lblFound->clear(); });
+    connect(ui_->txtFind, &QLineEdit::textChanged, ui_->lblFound, &QWidget::hide);
     connect(ui_->cmdFindNext, &QPushButton::clicked, this, [this] { FindInPage(false); });
     connect(ui_->cmdFindPrevious, &QPushButton::clicked, this, [this] { FindInPage(true); });
 }
@@ -123,7 +124,7 @@ void frmHelp::txtTopic_SourceChanged(const QUrl& url) {
             ui_->treContents->setCurrentItem(*item);
             setWindowTitle((*item)->text(0) + " - Ravlin Help");
         }
-    ui_->lblFound->clear();
+    ui_->lblFound->hide();
 }
 
 void frmHelp::txtIndexFilter_Change() {
@@ -170,5 +171,5 @@ void frmHelp::FindInPage(bool backward) {
     }
     const bool found = ui_->txtTopic->FindInPage(text, backward ? QTextDocument::FindFlags(QTextDocument::FindBackward)
                                                                 : QTextDocument::FindFlags());
-    ui_->lblFound->setText(found ? "" : "Not on this page");
+    ui_->lblFound->setVisible(!found);
 }
