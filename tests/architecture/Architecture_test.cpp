@@ -19,13 +19,16 @@ bool IsUnder(const std::string& folder, const std::string& parent) {
     return folder == parent || folder.starts_with(parent + '/');
 }
 
-// Which folders each folder includes from.
+// Which folders each folder includes from. A program's main.cpp wires what stands above its folder too.
 std::map<std::string, std::set<std::string>> FolderGraph() {
     std::map<std::string, std::set<std::string>> graph;
-    for (const SourceFile& file : Sources())
+    for (const SourceFile& file : Sources()) {
+        if (file.path.ends_with("/main.cpp"))
+            continue;
         for (const std::string& include : file.includes)
             if (FolderOf(include) != file.folder)
                 graph[file.folder].insert(FolderOf(include));
+    }
     return graph;
 }
 
