@@ -77,7 +77,8 @@ public:
     // backslashes is a path below the current key, as in KeyPath.
     virtual void DeleteKey(std::string_view subKey) = 0;
 
-    // Ends the sequence and makes what was written durable. Nothing may be called behind it.
+    // Ends the sequence and makes what was written durable; where that fails raises CloseKey and keeps nothing of it.
+    // Nothing may be called behind it.
     virtual void Release() = 0;
 
 protected:

@@ -52,6 +52,7 @@ std::unique_ptr<HiveConnection> Hive::Connect() {
                             "There is no place for the registry of " + word_ +
                                 ": the variable HOME is not set. Set it, or name the files by RAVLIN_MACHINE_HIVE and "
                                 "RAVLIN_USER_HIVE.");
+    std::erase_if(idle_, [](const auto& connection) { return !connection->IsCurrent(); });
     if (!idle_.empty()) {
         auto connection = std::move(idle_.back());
         idle_.pop_back();

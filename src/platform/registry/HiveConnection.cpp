@@ -1,6 +1,7 @@
 #include "platform/registry/HiveConnection.h"
 
 #include <sqlite3.h>
+#include <sys/stat.h>
 
 #include <thread>
 
@@ -110,6 +111,7 @@ void HiveConnection::Open(SqliteConnection::Mode mode) {
     mode_ = mode;
     connection_ = std::make_unique<SqliteConnection>(file_, mode, lockLimit_);
     PrepareTables();
+    identity_ = Identity();
     connection_->Execute("PRAGMA synchronous = FULL");
 }
 
@@ -152,6 +154,17 @@ HiveConnection::Running HiveConnection::Prepared(HiveQuery query) {
 
 void HiveConnection::Run(HiveQuery query) {
     Prepared(query)->Step();
+}
+
+HiveConnection::FileIdentity HiveConnection::Identity() const {
+    struct stat status {};
+    if (stat(file_.c_str(), &status) != 0)
+        return {};
+    return {status.st_dev, status.st_ino};
+}
+
+bool HiveConnection::IsCurrent() const {
+    return Identity() == identity_;
 }
 
 bool HiveConnection::InTransaction() const {

@@ -39,6 +39,8 @@ public:
     // Runs a statement that gives no rows.
     void Run(HiveQuery query);
 
+    // Whether the file that it has open is still the one of that name: it may have been moved away or replaced.
+    [[nodiscard]] bool IsCurrent() const;
     // False as well when SQLite has given up a transaction by itself (a full disk).
     [[nodiscard]] bool InTransaction() const;
     [[nodiscard]] bool IsReadOnly() const { return connection_->IsReadOnly(); }
@@ -51,7 +53,16 @@ private:
     void PrepareTables();
     void CreateTables();
 
+    // What tells a file from another of the same name.
+    struct FileIdentity {
+        std::uintmax_t device = 0;
+        std::uintmax_t number = 0;
+        bool operator==(const FileIdentity&) const = default;
+    };
+    [[nodiscard]] FileIdentity Identity() const;
+
     std::string file_;
+    FileIdentity identity_;
     std::chrono::milliseconds lockLimit_;
     SqliteConnection::Mode mode_ = SqliteConnection::Mode::ReadWrite;
     std::unique_ptr<SqliteConnection> connection_;

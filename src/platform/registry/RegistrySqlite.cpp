@@ -57,6 +57,10 @@ private:
     };
     Place PlaceToWrite(RegistryErrorNumber number);
     void StartWriting(RegistryErrorNumber number);
+    // For messages.
+    [[nodiscard]] std::string CurrentKey() const {
+        return path_ ? "registry key \"" + *path_ + "\"" : std::string("selected registry key");
+    }
     void Select(std::optional<KeyId> key);
     const StoredValues& Values();
     const KeyNames& SubKeys();
@@ -116,9 +120,7 @@ void SqliteStore::BeginWriting() {
 SqliteStore::Place SqliteStore::PlaceToWrite(RegistryErrorNumber number) {
     StartWriting(number);
     if (!key_)
-        throw RegistryError(RegistryErrorNumber::KeyMissing, path_
-                                                                 ? "The registry key \"" + *path_ + "\" does not exist."
-                                                                 : std::string("No registry key is selected."));
+        throw RegistryError(RegistryErrorNumber::KeyMissing, "There is no " + CurrentKey() + ".");
     values_.reset();
     subKeys_.reset();
     return {sessions_.Writing(root_, number), *key_};
@@ -155,20 +157,19 @@ void SqliteStore::WriteValue(std::string_view name, std::string_view text) {
 std::string SqliteStore::ValueName(std::int32_t index) {
     const auto& values = Values();
     if (index < 0 || index > static_cast<std::int32_t>(values.size()))
-        throw RegistryError(RegistryErrorNumber::ReadKey, "There is no value number " + std::to_string(index) +
-                                                              " in the registry key \"" + path_.value_or("") + "\".");
+        throw RegistryError(RegistryErrorNumber::ReadKey,
+                            "There is no value number " + std::to_string(index) + " in the " + CurrentKey() + ".");
     return index == static_cast<std::int32_t>(values.size()) ? std::string()
                                                              : values[static_cast<std::size_t>(index)].value.name;
 }
 
 std::string SqliteStore::SubKeyName(std::int32_t index) {
     const auto& names = SubKeys();
-    const std::string key = "the registry key \"" + path_.value_or("") + "\"";
     if (names.empty())
-        throw RegistryError(RegistryErrorNumber::NoSubKeys, "There are no subkeys in " + key + ".");
+        throw RegistryError(RegistryErrorNumber::NoSubKeys, "There are no subkeys in the " + CurrentKey() + ".");
     if (index < 0 || index >= static_cast<std::int32_t>(names.size()))
         throw RegistryError(RegistryErrorNumber::ReadKey,
-                            "There is no subkey number " + std::to_string(index) + " in " + key + ".");
+                            "There is no subkey number " + std::to_string(index) + " in the " + CurrentKey() + ".");
     return names[static_cast<std::size_t>(index)];
 }
 
@@ -185,9 +186,8 @@ void SqliteStore::DeleteKey(std::string_view subKey) {
             if (found)
                 found = session.FindSubKey(*found, name);
         if (!found)
-            throw RegistryError(RegistryErrorNumber::KeyMissing, "The registry key \"" + path_.value_or("") +
-                                                                     "\" has no subkey \"" + std::string(subKey) +
-                                                                     "\".");
+            throw RegistryError(RegistryErrorNumber::KeyMissing,
+                                "There is no subkey \"" + std::string(subKey) + "\" in the " + CurrentKey() + ".");
         session.DropKey(*found);
     });
 }

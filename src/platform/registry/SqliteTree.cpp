@@ -56,8 +56,10 @@ std::vector<std::string> SqliteTree::SubKeys(RegistryRoot root, std::string_view
 }
 
 std::vector<RegistryValue> SqliteTree::Values(RegistryRoot root, std::string_view path) {
+    const auto stored = Stored(root, path);
     std::vector<RegistryValue> values;
-    for (const StoredValue& value : *Stored(root, path))
+    values.reserve(stored->size());
+    for (const StoredValue& value : *stored)
         values.push_back(value.value);
     return values;
 }

@@ -199,6 +199,17 @@ TEST_F(ReadOnlyRegistry, SeesWhatWasWrittenSinceItWasOpened) {
     EXPECT_EQ(Read(registry_, "Lane", "Model"), "new");
 }
 
+TEST(RegistryFaults, AFileThatIsReplacedIsOpenedAnew) {
+    TemporaryRegistry registry;
+    Write(registry, "Lane", "Model", "old");
+    fs::remove(registry.Files().machine);
+    fs::remove(registry.Files().machine.string() + "-wal");
+    fs::remove(registry.Files().machine.string() + "-shm");
+    EXPECT_EQ(Read(registry, "Lane", "Model"), "");
+    Write(registry, "Lane", "Model", "new");
+    EXPECT_EQ(registry.Text("Lane", "Model"), "new");
+}
+
 TEST(RegistryFaults, AWriterWaitsForAnotherProgramOnlySoLong) {
     TemporaryRegistry temporary;
     temporary.Put("Lane", "Model", "old");
