@@ -37,6 +37,9 @@ struct RegistryValue {
     bool operator==(const RegistryValue&) const = default;
 };
 
+// The number in a Number32 or Number64; nothing for another type and where the data has not the length of its type.
+[[nodiscard]] std::optional<std::uint64_t> NumberOf(const RegistryValue& value);
+
 // One sequence of operations, seen by others all at once at Commit or, destroyed without it, not at all. (Where both
 // hives were written, one is committed right behind the other.) What it reads is one state per hive, its own changes
 // included. Names and paths as in RegistryStore; every operation raises RegistryError where it fails.

@@ -8,23 +8,7 @@ namespace {
 
 constexpr std::string_view Digits = "0123456789abcdef";
 
-std::size_t NumberLength(std::uint32_t type) {
-    if (type == RegistryType::Number32)
-        return 4;
-    return type == RegistryType::Number64 ? 8 : 0;
-}
-
 } // namespace
-
-std::optional<std::uint64_t> NumberOf(const RegistryValue& value) {
-    const std::size_t length = NumberLength(value.type);
-    if (length == 0 || value.data.size() != length)
-        return std::nullopt;
-    std::uint64_t number = 0;
-    for (std::size_t i = length; i-- > 0;)
-        number = number << 8 | static_cast<unsigned char>(value.data[i]);
-    return number;
-}
 
 std::string WindowsBytes(const RegistryValue& value) {
     if (!RegistryType::IsText(value.type))

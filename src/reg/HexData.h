@@ -7,9 +7,6 @@
 #include <string>
 #include <string_view>
 
-// The number in a Number32 or Number64; nothing where the data has another length than its type.
-[[nodiscard]] std::optional<std::uint64_t> NumberOf(const RegistryValue& value);
-
 // The bytes that Windows would hold for the value: text as UTF-16LE with its terminator.
 [[nodiscard]] std::string WindowsBytes(const RegistryValue& value);
 

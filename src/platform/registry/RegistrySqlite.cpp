@@ -13,17 +13,11 @@ namespace {
 std::string AsText(const RegistryValue& value) {
     if (RegistryType::IsText(value.type))
         return value.data;
-    const bool number = (value.type == RegistryType::Number32 && value.data.size() == 4) ||
-                        (value.type == RegistryType::Number64 && value.data.size() == 8);
-    if (!number)
-        throw RegistryError(RegistryErrorNumber::ReadKey,
-                            "The value \"" + value.name +
-                                "\" holds bytes where a text was expected. Replace it by a "
-                                "text.");
-    std::uint64_t total = 0;
-    for (const char byte : std::string(value.data.rbegin(), value.data.rend()))
-        total = total << 8 | static_cast<unsigned char>(byte);
-    return std::to_string(total);
+    if (const auto number = NumberOf(value))
+        return std::to_string(*number);
+    throw RegistryError(RegistryErrorNumber::ReadKey,
+                        "The value \"" + value.name +
+                            "\" holds bytes where a text was expected. Replace it by a text.");
 }
 
 class SqliteStore final : public RegistryStore {
