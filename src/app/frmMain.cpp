@@ -210,8 +210,10 @@ void frmMain::AddDevice(const std::shared_ptr<CDevice>& device) {
     if (replaces)
         colDevices_.Remove(deviceType, name);
     colDevices_.Add(deviceType, name, device);
-    if (replaces)
+    if (replaces) {
+        modifyProfile_->ShowReplacedProfile();
         return;
+    }
     nameLists_->AddDeviceName(deviceType, name);
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     nameLists_->SelectOnlyItems(deviceType);

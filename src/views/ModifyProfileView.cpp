@@ -149,13 +149,27 @@ void ModifyProfileView::lstExistingDeviceName_Click(std::int32_t deviceType) {
         return;
     }
     const std::shared_ptr<CDevice> device = services_.devices.Item(deviceType, name);
+    shown_ = device;
     if (deviceType == DeviceClass::Scanner)
         ShowScanner(dynamic_cast<const CGenericScanner&>(*device));
     else
         ShowScale(dynamic_cast<const CGenericScale&>(*device));
 }
 
+void ModifyProfileView::showEvent(QShowEvent* event) {
+    QFrame::showEvent(event);
+    ShowReplacedProfile();
+}
+
+void ModifyProfileView::ShowReplacedProfile() {
+    const std::int32_t deviceType = ui_->lstExistingDeviceType->ListIndex();
+    const QString name = SelectedName();
+    if (services_.devices.Contains(deviceType, name) && services_.devices.Item(deviceType, name) != shown_.lock())
+        lstExistingDeviceName_Click(deviceType);
+}
+
 void ModifyProfileView::ShowNoProfile() {
+    shown_.reset();
     ui_->lstExistingInterface->SetListIndex(-1);
 }
 
@@ -244,5 +258,6 @@ std::shared_ptr<CDevice> ModifyProfileView::ReplaceScale(const QString& name) {
     rules_.ApplySettings(*scale);
     services_.devices.Remove(DeviceClass::Scale, name);
     services_.devices.Add(DeviceClass::Scale, name, scale);
+    shown_ = scale;
     return scale;
 }

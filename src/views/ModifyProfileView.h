@@ -40,12 +40,18 @@ public:
     void SelectFirstOptions();
     // Selects the first device class, which shows the names and the first one of its profiles.
     void SelectFirstDeviceType();
+    // Shows the selected profile afresh where another one has taken its place since, so that saving does not bring
+    // back what was overwritten. Happens by itself when the page comes into view.
+    void ShowReplacedProfile();
 
 signals:
     // The scanner of that profile is to be programmed now.
     void ProgramRequested(const std::shared_ptr<CDevice>& device);
     // A profile was shown that has this logging level, any 16-bit number.
     void LoggingLevelShown(int level);
+
+protected:
+    void showEvent(QShowEvent* event) override;
 
 private:
     void ConnectControls();
@@ -70,4 +76,5 @@ private:
     Services services_;
     DeviceNameLists* nameLists_ = nullptr;
     ProfileRules rules_;
+    std::weak_ptr<CDevice> shown_; // the profile whose settings the controls were set from
 };

@@ -26,6 +26,8 @@ NewProfileView::NewProfileView(const Services& services, QWidget* parent)
       services_(services),
       rules_((ui_->setupUi(this), Controls())) {
     FillModelList(*ui_->lstNewModelNumber);
+    // As tall as the lists around it, so that nothing moves when the page for existing profiles takes this one's place.
+    ui_->txtNewDeviceName->setMinimumHeight(ui_->lstNewInterface->sizeHint().height());
     ConnectControls();
     setFocusProxy(ui_->lstNewDeviceType);
 }

@@ -1,12 +1,10 @@
 #include "dialogs/frmGlobalConfig.h"
 
-#include "app/SystemSerlink.h"
-#include "app/frmMain.h"
 #include "profiles/RegistryPaths.h"
 #include "support/FailingRegistry.h"
 #include "support/TemporaryRegistry.h"
+#include "support_app/MainWindow.h"
 #include "support_widgets/BoxWatcher.h"
-#include "support_widgets/Controls.h"
 
 #include <QAction>
 #include <QGroupBox>
@@ -175,23 +173,22 @@ class GlobalConfigOfTheMainWindow : public ::testing::Test {
 protected:
     GlobalConfigOfTheMainWindow() {
         registry_.Put(RegistryPaths::Settings, "StartupWizard", "1", RegistryRoot::CurrentUser);
-        window_.Form_Load(false);
-        window_.show();
+        window_ = std::make_unique<MainWindow>(registry_);
     }
     // Through the event loop, where the program's menu commands come from.
     void ChooseFromMenu() {
-        auto* action = window_.findChild<QAction*>("mnuGlobalConfig");
+        auto* action = (*window_)->findChild<QAction*>("mnuGlobalConfig");
         ASSERT_NE(action, nullptr);
         QMetaObject::invokeMethod(action, &QAction::trigger, Qt::QueuedConnection);
         QCoreApplication::processEvents();
     }
-    frmGlobalConfig* Dialog() { return window_.findChild<frmGlobalConfig*>(); }
+    frmGlobalConfig* Dialog() { return (*window_)->findChild<frmGlobalConfig*>(); }
     void ExpectNoDialog() {
         EXPECT_TRUE(WaitUntil([this] { return Dialog() == nullptr; }));
     }
 
     TemporaryRegistry registry_;
-    frmMain window_{{registry_, SystemSerlink()}};
+    std::unique_ptr<MainWindow> window_;
 };
 
 } // namespace
@@ -201,16 +198,16 @@ TEST_F(GlobalConfigOfTheMainWindow, LeavesTheMainWindowUsable) {
     ASSERT_NE(Dialog(), nullptr);
     EXPECT_TRUE(Dialog()->isVisible());
     EXPECT_FALSE(Dialog()->isModal());
-    EXPECT_EQ(Dialog()->parentWidget(), &window_);
+    EXPECT_EQ(Dialog()->parentWidget(), &**window_);
 }
 
 TEST_F(GlobalConfigOfTheMainWindow, ComesForwardWhenItIsChosenAgain) {
     ChooseFromMenu();
     frmGlobalConfig* dialog = Dialog();
-    window_.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
+    (*window_)->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&**window_));
     ChooseFromMenu();
-    EXPECT_EQ(window_.findChildren<frmGlobalConfig*>().size(), 1);
+    EXPECT_EQ((*window_)->findChildren<frmGlobalConfig*>().size(), 1);
     EXPECT_EQ(Dialog(), dialog);
     EXPECT_TRUE(QTest::qWaitForWindowActive(dialog));
 }
@@ -229,7 +226,7 @@ TEST_F(GlobalConfigOfTheMainWindow, ReadsAfreshWhenItIsOpenedAgain) {
 TEST_F(GlobalConfigOfTheMainWindow, ClosesWithTheMainWindow) {
     ChooseFromMenu();
     ASSERT_NE(Dialog(), nullptr);
-    window_.close();
+    window_->Close();
     ExpectNoDialog();
 }
 

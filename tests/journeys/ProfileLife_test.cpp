@@ -1,11 +1,9 @@
 // A profile's life in the program: stored, shown after a restart, changed, deleted; for names as users type them.
-#include "app/SystemSerlink.h"
-#include "app/frmMain.h"
-#include "platform/help/HelpViewer.h"
+#include "profiles/CScanner2.h"
 #include "profiles/RegistryPaths.h"
 #include "support/TemporaryRegistry.h"
+#include "support_app/MainWindow.h"
 #include "support_widgets/BoxWatcher.h"
-#include "support_widgets/Controls.h"
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -21,22 +19,18 @@ protected:
         registry_.Put(RegistryPaths::Settings, "StartupWizard", "1", RegistryRoot::CurrentUser);
         Start();
     }
-    void Start() {
-        window_ = std::make_unique<frmMain>(frmMain::Services{registry_, SystemSerlink(), *help_});
-        window_->Form_Load(false);
-        window_->show();
-    }
+    void Start() { window_ = std::make_unique<MainWindow>(registry_); }
     void Restart() {
-        window_->close();
+        window_->Close();
         window_.reset();
         Start();
     }
-    DropDownList& List(const QString& name) { return Control<DropDownList>(*window_, name); }
-    void Press(const QString& button) { Click(Control<QPushButton>(*window_, button)); }
+    DropDownList& List(const QString& name) { return window_->List(name); }
+    void Press(const QString& button) { Click(Control<QPushButton>(**window_, button)); }
 
     void SaveNewScanner(const QString& name) {
-        window_->ShowView(0);
-        Control<QLineEdit>(*window_, "txtNewDeviceName").setText(name);
+        (*window_)->ShowView(0);
+        Control<QLineEdit>(**window_, "txtNewDeviceName").setText(name);
         Press("cmdNewSave");
     }
     void CreateScanner(const QString& name) {
@@ -45,7 +39,7 @@ protected:
         SaveNewScanner(name);
     }
     void ChooseScanner(const QString& name) {
-        window_->ShowView(1);
+        (*window_)->ShowView(1);
         Choose(List("lstExistingDeviceName_0"), name);
     }
     void SaveChosen() {
@@ -73,8 +67,7 @@ protected:
         "reprogram your scanner now?\r\n\r\nYou can reprogram your scanner at a later time by\r\n"
         "clicking the Program button in the Modify Profile section.";
     TemporaryRegistry registry_;
-    std::unique_ptr<HelpViewer> help_ = CreateHelpViewer();
-    std::unique_ptr<frmMain> window_;
+    std::unique_ptr<MainWindow> window_;
 };
 
 INSTANTIATE_TEST_SUITE_P(Names, ProfileLife,
@@ -119,7 +112,7 @@ TEST_F(ProfileLife, ANameThatDiffersOnlyInCaseIsTheSameProfile) {
                                   QMessageBox::Yes);
         const ExpectBox updated("Ravlin", "Updated device profile successfully.");
         const ExpectBox question("Program Scanner?", ProgramQuestion, QMessageBox::No);
-        window_->ShowView(0);
+        (*window_)->ShowView(0);
         Choose(List("lstNewModelNumber"), "758");
         SaveNewScanner("LANE Äß");
     }
@@ -191,4 +184,15 @@ TEST_F(ProfileLife, BothProfilePagesOfferTheSamePortsAndInterfaces) {
          {"lstExistingModelNumber", "lstExistingScale", "lstExistingScaleType", "lstExistingScaleWeightUnit_0",
           "lstExistingScaleWeightUnit_1", "lstExistingScaleDisplay_0", "lstExistingScaleDisplay_1"})
         EXPECT_EQ(List(list).ListIndex(), 0) << list;
+}
+
+TEST_F(ProfileLife, AProfileThatReplacesTheOneOnThePageIsShownAtOnce) {
+    CreateScanner("Lane");
+    ChooseScanner("Lane");
+    const auto scanner = std::make_shared<CScanner2>(registry_);
+    scanner->DeviceName("Lane");
+    scanner->SerialPort(7);
+    (*window_)->AddDevice(scanner);
+    EXPECT_EQ(List("lstExistingComPort").Text(), "COM7");
+    ExpectListed({"Lane"});
 }

@@ -49,3 +49,18 @@ protected:
     std::vector<std::shared_ptr<CDevice>> toProgram_;
     std::vector<int> levels_;
 };
+
+// Profiles as they are stored.
+namespace Stored {
+inline const ModifyProfilePage::Values Serial = {
+    {"", "Tavrin.Opos.Scanner"}, {"Model", "Kavit/7301"}, {"Serial Port", "12"}, {"Scanner Version", "1"}};
+inline const ModifyProfilePage::Values Usb = {
+    {"", "Tavrin.Opos.Scanner"}, {"Model", "Kavit/7301"}, {"Scanner Version", "2"}};
+inline const ModifyProfilePage::Values WithScale = {
+    {"", "Tavrin.Opos.Scanner"}, {"Model", "Pelerin/3172"}, {"Serial Port", "3"}, {"Scanner Version", "0"},
+    {"ScaleType", "2"},          {"WeightUnit", "1"},       {"Display", "1"}};
+inline const ModifyProfilePage::Values SingleCable = {
+    {"", "Tavrin.Opos.Scale"}, {"Serial Port", "5"}, {"WeightUnit", "1"}, {"Display", "1"}, {"Scale Version", "0"}};
+inline const ModifyProfilePage::Values DualCable = {
+    {"", "OPOS.A702.SCALE.SO"}, {"PORT", "COM7"}, {"WeightUnit", "1"}, {"Display", "0"}};
+} // namespace Stored

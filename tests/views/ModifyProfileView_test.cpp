@@ -1,38 +1,13 @@
 #include "views/ModifyProfileView.h"
 
 #include "profiles/CScale2.h"
-#include "profiles/CScanner1.h"
 #include "profiles/CScanner2.h"
-#include "profiles/ModelCatalogue.h"
-#include "support/FailingRegistry.h"
 #include "views/ModifyProfilePage.h"
 
 #include <QLabel>
 #include <QTest>
 
-namespace {
-
 using ModifyProfile = ModifyProfilePage;
-
-const ModifyProfilePage::Values Serial = {
-    {"", "Tavrin.Opos.Scanner"}, {"Model", "Kavit/7301"}, {"Serial Port", "12"}, {"Scanner Version", "1"}};
-const ModifyProfilePage::Values Usb = {{"", "Tavrin.Opos.Scanner"}, {"Model", "Kavit/7301"}, {"Scanner Version", "2"}};
-const ModifyProfilePage::Values WithScale = {
-    {"", "Tavrin.Opos.Scanner"}, {"Model", "Pelerin/3172"}, {"Serial Port", "3"}, {"Scanner Version", "0"},
-    {"ScaleType", "2"},          {"WeightUnit", "1"},       {"Display", "1"}};
-const ModifyProfilePage::Values SingleCable = {
-    {"", "Tavrin.Opos.Scale"}, {"Serial Port", "5"}, {"WeightUnit", "1"}, {"Display", "1"}, {"Scale Version", "0"}};
-const ModifyProfilePage::Values DualCable = {
-    {"", "OPOS.A702.SCALE.SO"}, {"PORT", "COM7"}, {"WeightUnit", "1"}, {"Display", "0"}};
-
-std::string WithValue(const std::vector<RegistryValue>& values, const std::string& name) {
-    for (const RegistryValue& value : values)
-        if (value.name == name)
-            return value.data;
-    return "missing";
-}
-
-} // namespace
 
 TEST_F(ModifyProfile, OffersTheSameOptionsAsANewProfile) {
     Start();
@@ -71,7 +46,7 @@ TEST_F(ModifyProfile, LabelsNameTheControlsThatFollowThem) {
 }
 
 TEST_F(ModifyProfile, TabMovesThroughThePageInReadingOrder) {
-    StoreScanner("Lane", WithScale);
+    StoreScanner("Lane", Stored::WithScale);
     Start();
     List("lstExistingDeviceType").setFocus();
     for (const char* name :
@@ -84,9 +59,9 @@ TEST_F(ModifyProfile, TabMovesThroughThePageInReadingOrder) {
 }
 
 TEST_F(ModifyProfile, ShowsTheFirstProfileOfTheChosenClass) {
-    StoreScanner("B", Serial);
-    StoreScanner("A", Usb);
-    StoreScale("Z", SingleCable);
+    StoreScanner("B", Stored::Serial);
+    StoreScanner("A", Stored::Usb);
+    StoreScale("Z", Stored::SingleCable);
     Start();
     EXPECT_EQ(List("lstExistingDeviceName_0").Text(), "A");
     EXPECT_TRUE(IsShown(Widget("fraExistingDeviceInfo_0")));
@@ -119,8 +94,8 @@ TEST_F(ModifyProfile, WithoutProfilesThereIsNothingToChooseOrPress) {
 }
 
 TEST_F(ModifyProfile, EveryListMayLoseItsSelection) {
-    StoreScanner("Lane", Serial);
-    StoreScale("Lane", SingleCable);
+    StoreScanner("Lane", Stored::Serial);
+    StoreScale("Lane", Stored::SingleCable);
     Start();
     for (const char* list :
          {"lstExistingInterface", "lstExistingModelNumber", "lstExistingScale", "lstExistingScaleType",
@@ -134,7 +109,7 @@ TEST_F(ModifyProfile, EveryListMayLoseItsSelection) {
 }
 
 TEST_F(ModifyProfile, ShowsASerialScanner) {
-    StoreScanner("Lane", Serial);
+    StoreScanner("Lane", Stored::Serial);
     Start();
     EXPECT_EQ(List("lstExistingInterface").Text(), "RS232");
     EXPECT_EQ(List("lstExistingComPort").Text(), "COM12");
@@ -149,7 +124,7 @@ TEST_F(ModifyProfile, ShowsASerialScanner) {
 }
 
 TEST_F(ModifyProfile, ShowsAScannerWithItsScale) {
-    StoreScanner("Lane", WithScale);
+    StoreScanner("Lane", Stored::WithScale);
     Start();
     EXPECT_TRUE(List("lstExistingScale").isEnabled());
     EXPECT_EQ(List("lstExistingScale").Text(), "Dual-Cable");
@@ -193,8 +168,8 @@ TEST_F(ModifyProfile, TheInterfaceFollowsFromTheStoredCodeAndPort) {
 }
 
 TEST_F(ModifyProfile, ChoosingTheClassEnablesProgrammingOnlyForASerialScanner) {
-    StoreScanner("Lane", Usb);
-    StoreScale("Lane", SingleCable);
+    StoreScanner("Lane", Stored::Usb);
+    StoreScale("Lane", Stored::SingleCable);
     Start();
     EXPECT_FALSE(Button("cmdExistingProgram").isEnabled());
     Choose(List("lstExistingDeviceName_0"), 0);
@@ -206,7 +181,7 @@ TEST_F(ModifyProfile, ChoosingTheClassEnablesProgrammingOnlyForASerialScanner) {
 }
 
 TEST_F(ModifyProfile, ShowsASingleCableScale) {
-    StoreScale("Lane", SingleCable);
+    StoreScale("Lane", Stored::SingleCable);
     Start();
     ChooseScales();
     EXPECT_EQ(List("lstExistingScaleType").Text(), "Single-Cable");
@@ -219,8 +194,8 @@ TEST_F(ModifyProfile, ShowsASingleCableScale) {
 }
 
 TEST_F(ModifyProfile, ShowsADualCableScaleAndLocksItsInterface) {
-    StoreScanner("Lane", Usb);
-    StoreScale("Lane", DualCable);
+    StoreScanner("Lane", Stored::Usb);
+    StoreScale("Lane", Stored::DualCable);
     Start();
     ChooseScales();
     EXPECT_EQ(List("lstExistingScaleType").Text(), "Dual-Cable");
@@ -244,8 +219,8 @@ TEST_F(ModifyProfile, AScaleWithoutAPortIsOnUsb) {
 }
 
 TEST_F(ModifyProfile, TheChoicesFollowTheRulesOfANewProfile) {
-    StoreScanner("Lane", WithScale);
-    StoreScale("Lane", SingleCable);
+    StoreScanner("Lane", Stored::WithScale);
+    StoreScale("Lane", Stored::SingleCable);
     Start();
     Choose(List("lstExistingInterface"), "POS USB");
     EXPECT_EQ(List("lstExistingComPort").ListIndex(), -1);
@@ -273,7 +248,7 @@ TEST_F(ModifyProfile, TheChoicesFollowTheRulesOfANewProfile) {
 TEST_F(ModifyProfile, TellsTheLoggingLevelOfEveryProfileThatItShows) {
     for (const char* level : {"0", "4", "32767"})
         StoreScanner(level, {{"", "Tavrin.OPOS.Scanner.Serial"}, {"LogVerbosity", level}});
-    StoreScale("Lane", SingleCable);
+    StoreScale("Lane", Stored::SingleCable);
     Start();
     for (const int index : {1, 2})
         Choose(List("lstExistingDeviceName_0"), index);
@@ -281,144 +256,8 @@ TEST_F(ModifyProfile, TellsTheLoggingLevelOfEveryProfileThatItShows) {
     EXPECT_EQ(levels_, std::vector<int>({0, 32767, 4, 0}));
 }
 
-TEST_F(ModifyProfile, SavingChangesTheScannerInPlaceAndRewritesItsKey) {
-    StoreScanner("Lane", Serial);
-    StoreScanner("Lane", {{"Foreign", "x"}});
-    Start();
-    const auto scanner = devices_.Item(DeviceClass::Scanner, "Lane");
-    Choose(List("lstExistingModelNumber"), "Pelerin/3256");
-    Choose(List("lstExistingComPort"), "COM9");
-    Choose(List("lstExistingScale"), "Single-Cable");
-    Choose(List("lstExistingScaleWeightUnit_0"), "Metric");
-    Choose(List("lstExistingScaleDisplay_0"), "Yes");
-    Save();
-    EXPECT_EQ(devices_.Item(DeviceClass::Scanner, "Lane"), scanner);
-    EXPECT_EQ(scanner->ConfigurationType(), 32 + 1 + 4 + 8);
-    EXPECT_EQ(ScannerValue("Lane", "Model"), "Pelerin/3256");
-    EXPECT_EQ(ScannerValue("Lane", "Serial Port"), "9");
-    EXPECT_EQ(ScannerValue("Lane", "Scanner Version"), "0");
-    EXPECT_EQ(ScannerValue("Lane", "ScaleType"), "1");
-    EXPECT_EQ(ScannerValue("Lane", "WeightUnit"), "1");
-    EXPECT_EQ(ScannerValue("Lane", "Display"), "1");
-    EXPECT_EQ(ScannerValue("Lane", "Foreign"), "") << "an update wipes the key";
-}
-
-TEST_F(ModifyProfile, TheStoredInterfaceFollowsFromInterfaceAndModel) {
-    StoreScanner("Lane", Serial);
-    Start();
-    const std::vector<std::tuple<const char*, int, std::string, std::string>> cases = {
-        {"Pelerin/3256", 0, "0", "1"}, {"758", 0, "1", "1"}, {"Pelerin/3172", 1, "2", ""}, {"758", 2, "3", ""}};
-    for (const auto& [model, interfaceIndex, code, port] : cases) {
-        Choose(List("lstExistingModelNumber"), model);
-        Choose(List("lstExistingInterface"), 1);
-        Choose(List("lstExistingInterface"), interfaceIndex);
-        Save();
-        EXPECT_EQ(ScannerValue("Lane", "Scanner Version"), code);
-        EXPECT_EQ(ScannerValue("Lane", "Serial Port"), port);
-    }
-}
-
-TEST_F(ModifyProfile, AScannerWithoutAScaleKeepsItsUnitAndDisplay) {
-    StoreScanner("Lane", WithScale);
-    Start();
-    Choose(List("lstExistingScale"), "None");
-    Save();
-    EXPECT_EQ(ScannerValue("Lane", "ScaleType"), "0");
-    EXPECT_EQ(ScannerValue("Lane", "WeightUnit"), "1");
-    EXPECT_EQ(ScannerValue("Lane", "Display"), "1");
-}
-
-TEST_F(ModifyProfile, AnotherTypeOfScaleRewritesTheKeyForItsServiceObject) {
-    StoreScale("Lane", SingleCable);
-    Start();
-    ChooseScales();
-    Choose(List("lstExistingScaleType"), "Dual-Cable");
-    Save();
-    EXPECT_EQ(devices_.Item(DeviceClass::Scale, "Lane")->ClassName(), "CAveryScale");
-    const std::string key = "SOFTWARE\\OLEForRetail\\ServiceOPOS\\Scale\\Lane";
-    const auto values = registry_.Values(key);
-    EXPECT_EQ(values.size(), 7U) << "nothing of the former service object is left";
-    EXPECT_EQ(WithValue(values, ""), "OPOS.A702.SCALE.SO");
-    EXPECT_EQ(WithValue(values, "Description"), "Service Object For A702 Scale");
-    EXPECT_EQ(WithValue(values, "PORT"), "COM5");
-    EXPECT_EQ(WithValue(values, "Display"), "1");
-    EXPECT_EQ(WithValue(values, "WeightUnit"), "1");
-    EXPECT_EQ(WithValue(values, "Service"), "a702so.dll");
-    EXPECT_EQ(WithValue(values, "Version"), "1.5.0");
-
-    Choose(List("lstExistingScaleType"), "Single-Cable");
-    Save();
-    EXPECT_EQ(devices_.Item(DeviceClass::Scale, "Lane")->ClassName(), "CScale2");
-    EXPECT_EQ(ScaleValue("Lane", ""), "Tavrin.Opos.Scale");
-    EXPECT_EQ(ScaleValue("Lane", "Serial Port"), "5");
-    EXPECT_EQ(ScaleValue("Lane", "PORT"), "");
-    EXPECT_EQ(ListedNames(DeviceClass::Scale)[0], QStringList("Lane"));
-}
-
-TEST_F(ModifyProfile, AScaleThatATestHoldsIsStillHeldAfterItWasSaved) {
-    StoreScale("Lane", SingleCable);
-    Start();
-    devices_.Item(DeviceClass::Scale, "Lane")->InUse(true);
-    ChooseScales();
-    Save();
-    EXPECT_TRUE(devices_.Item(DeviceClass::Scale, "Lane")->InUse());
-}
-
-TEST_F(ModifyProfile, AModelThatIsNotOfferedIsShownAndKept) {
-    StoreScanner("New",
-                 {{"", "Tavrin.Opos.Scanner"}, {"Model", "Pelerin/9999"}, {"Serial Port", "3"}, {"ScaleType", "1"}});
-    StoreScanner("Old", {{"", "Tavrin.OPOS.Scanner.Serial"}, {"ModelNumber", "Trek-4"}, {"SerialPort", "COM3"}});
-    Start();
-    EXPECT_EQ(List("lstExistingModelNumber").ListIndex(), -1);
-    EXPECT_EQ(List("lstExistingModelNumber").placeholderText(), "Pelerin/9999");
-    EXPECT_TRUE(List("lstExistingScale").isEnabled());
-    EXPECT_EQ(List("lstExistingScale").Text(), "Single-Cable");
-    Choose(List("lstExistingComPort"), "COM4");
-    Save();
-    EXPECT_EQ(ScannerValue("New", "Model"), "Pelerin/9999");
-    EXPECT_EQ(ScannerValue("New", "Serial Port"), "4");
-    EXPECT_EQ(ScannerValue("New", "Scanner Version"), "1");
-
-    Choose(List("lstExistingDeviceName_0"), "Old");
-    EXPECT_EQ(List("lstExistingModelNumber").placeholderText(), "Trek 3/4/5");
-    Choose(List("lstExistingInterface"), "RS232");
-    Choose(List("lstExistingComPort"), "COM5");
-    Save();
-    EXPECT_EQ(ScannerValue("Old", "ModelNumber"), "Trek-3");
-    EXPECT_EQ(ScannerValue("Old", "SerialPort"), "COM5");
-}
-
-TEST_F(ModifyProfile, StoredNumbersThatAreNotOfferedAreKept) {
-    StoreScanner("Lane", {{"", "Tavrin.Opos.Scanner"},
-                          {"Model", "Pelerin/3172"},
-                          {"Serial Port", "70"},
-                          {"Scanner Version", "0"},
-                          {"ScaleType", "7"},
-                          {"WeightUnit", "8"},
-                          {"Display", "9"}});
-    StoreScale("Lane", {{"", "Tavrin.Opos.Scale"}, {"Serial Port", "70"}, {"WeightUnit", "8"}, {"Display", "9"}});
-    Start();
-    EXPECT_EQ(List("lstExistingComPort").ListIndex(), -1);
-    EXPECT_EQ(List("lstExistingScale").ListIndex(), -1);
-    Choose(List("lstExistingModelNumber"), "Pelerin/3256");
-    List("lstExistingScale").SetListIndex(-1);
-    Save();
-    EXPECT_EQ(ScannerValue("Lane", "Model"), "Pelerin/3256");
-    EXPECT_EQ(ScannerValue("Lane", "Serial Port"), "70");
-    EXPECT_EQ(ScannerValue("Lane", "ScaleType"), "7");
-    EXPECT_EQ(ScannerValue("Lane", "WeightUnit"), "8");
-    EXPECT_EQ(ScannerValue("Lane", "Display"), "9");
-    ChooseScales();
-    EXPECT_EQ(List("lstExistingScaleWeightUnit_1").ListIndex(), -1);
-    Choose(List("lstExistingScaleDisplay_1"), "Yes");
-    Save();
-    EXPECT_EQ(ScaleValue("Lane", "Serial Port"), "70");
-    EXPECT_EQ(ScaleValue("Lane", "WeightUnit"), "8");
-    EXPECT_EQ(ScaleValue("Lane", "Display"), "1");
-}
-
 TEST_F(ModifyProfile, ProgrammingTakesTheProfileAsItWasStored) {
-    StoreScanner("Lane", Serial);
+    StoreScanner("Lane", Stored::Serial);
     Start();
     Choose(List("lstExistingComPort"), "COM9");
     Click(Button("cmdExistingProgram"));
@@ -428,7 +267,7 @@ TEST_F(ModifyProfile, ProgrammingTakesTheProfileAsItWasStored) {
 }
 
 TEST_F(ModifyProfile, ProgrammingOverUsbOnlyTellsHow) {
-    StoreScanner("Lane", Usb);
+    StoreScanner("Lane", Stored::Usb);
     StoreScanner("Pos", {{"", "Tavrin.Opos.Scanner"}, {"Scanner Version", "3"}});
     Start();
     const std::vector<std::pair<QString, QString>> words = {{"Lane", "IBM OEM USB"}, {"Pos", "POS USB"}};
@@ -452,7 +291,7 @@ TEST_F(ModifyProfile, ForeignProfilesCannotBeModified) {
 }
 
 TEST_F(ModifyProfile, AProfileOfTheOtherClassThatSelectsItselfDoesNotTakeThePageOver) {
-    StoreScanner("Lane", Serial);
+    StoreScanner("Lane", Stored::Serial);
     Start();
     const auto scale = std::make_shared<CScale2>(registry_);
     scale->DeviceName("Lane");
@@ -465,67 +304,22 @@ TEST_F(ModifyProfile, AProfileOfTheOtherClassThatSelectsItselfDoesNotTakeThePage
     EXPECT_TRUE(Button("cmdExistingProgram").isEnabled());
 }
 
-TEST_F(ModifyProfile, SavingMakesAKeyAgainThatAnotherProgramDeleted) {
-    StoreScanner("Lane", Serial);
+TEST_F(ModifyProfile, AProfileThatWasReplacedMeanwhileIsShownAfreshWhenThePageComesIntoView) {
+    StoreScanner("Lane", Stored::Serial);
     Start();
-    const auto tree = registry_.Tree();
-    tree->DeleteKey(RegistryRoot::LocalMachine, "SOFTWARE\\OLEForRetail\\ServiceOPOS\\Scanner\\Lane");
-    tree->Commit();
-    Save();
-    EXPECT_EQ(ScannerValue("Lane", "Model"), "Kavit/7301");
-}
-
-TEST_F(ModifyProfile, AProfileThatIsGoneIsNotSavedBehindAMessage) {
-    StoreScanner("Lane", Serial);
-    Start();
-    devices_.Remove(DeviceClass::Scanner, "Lane");
-    const ExpectBox error("Ravlin", "Invalid procedure call or argument (there is no Scanner profile Lane)\r\n\r\n"
-                                    "Error Number: 5");
-    Click(Button("cmdExistingSave"));
-}
-
-namespace {
-
-// The page over a store that fails.
-class ModifyProfileOnABadDay : public ::testing::Test {
-protected:
-    TemporaryRegistry disk_;
-    FailingRegistry registry_{disk_};
-    DeviceCollection devices_;
-    ModifyProfileView page_{{registry_, devices_}};
-};
-
-} // namespace
-
-TEST_F(ModifyProfileOnABadDay, AFailingStoreIsReportedOnceAndTheStoredProfileStaysWhole) {
-    CScanner2 stored(disk_);
-    stored.DeviceName("Lane");
-    stored.Model("Kavit/7301");
-    stored.SerialPort(12);
-    stored.ScannerType(1);
-    stored.SaveDevice(false);
-    const auto device = std::make_shared<CScanner2>(registry_);
-    device->DeviceName("Lane");
-    device->LoadDevice();
-    devices_.Add(DeviceClass::Scanner, "Lane", device);
-    FillComPortLists({&page_.ComPortList()});
-    page_.InterfaceList().AddItem("RS232");
-    page_.NameLists()[0]->AddItem("Lane");
-    page_.SelectFirstDeviceType();
+    page_.hide();
     page_.show();
-    const std::string key = "SOFTWARE\\OLEForRetail\\ServiceOPOS\\Scanner\\Lane";
-    const auto before = disk_.Values(key);
-
-    Choose(page_.ComPortList(), "COM9");
-    registry_.FailAt(RegistryOperation::WriteValue, 4, RegistryErrorNumber::WriteValue);
-    {
-        const ExpectBox error("Ravlin", "The disk is gone.\r\n\r\nError Number: -2147220985");
-        Click(Control<QPushButton>(page_, "cmdExistingSave"));
-    }
-    EXPECT_EQ(disk_.Values(key), before);
-    {
-        const ExpectBox saved("Profile Saved", "Device profile successfully saved.");
-        Click(Control<QPushButton>(page_, "cmdExistingSave"));
-    }
-    EXPECT_EQ(disk_.Text(key, "Serial Port"), "9");
+    Choose(List("lstExistingComPort"), "COM9");
+    page_.hide();
+    page_.show();
+    EXPECT_EQ(List("lstExistingComPort").Text(), "COM9") << "nothing was replaced; what the user chose stays";
+    const auto scanner = std::make_shared<CScanner2>(registry_);
+    scanner->Model("758");
+    scanner->SerialPort(3);
+    page_.hide();
+    devices_.Remove(DeviceClass::Scanner, "Lane");
+    devices_.Add(DeviceClass::Scanner, "LANE", scanner);
+    page_.show();
+    EXPECT_EQ(List("lstExistingComPort").Text(), "COM3");
+    EXPECT_EQ(List("lstExistingModelNumber").Text(), "758");
 }

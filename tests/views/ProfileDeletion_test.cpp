@@ -4,10 +4,6 @@
 
 namespace {
 
-const ModifyProfilePage::Values Serial = {
-    {"", "Tavrin.Opos.Scanner"}, {"Model", "Kavit/7301"}, {"Serial Port", "12"}, {"Scanner Version", "1"}};
-const ModifyProfilePage::Values Scale = {{"", "Tavrin.Opos.Scale"}, {"Serial Port", "5"}};
-
 class DeletingAProfile : public ModifyProfilePage {
 protected:
     void Delete(const QString& name, QMessageBox::StandardButton answer = QMessageBox::Yes) {
@@ -28,8 +24,8 @@ protected:
 } // namespace
 
 TEST_F(DeletingAProfile, TakesItOutOfTheRegistryTheCollectionAndTheLists) {
-    StoreScanner("A", Serial);
-    StoreScanner("B", Serial);
+    StoreScanner("A", Stored::Serial);
+    StoreScanner("B", Stored::Serial);
     registry_.Put("SOFTWARE\\OLEForRetail\\ServiceOPOS\\Scanner\\B\\Sub", "x", "y");
     Start();
     Delete("B");
@@ -43,8 +39,8 @@ TEST_F(DeletingAProfile, TakesItOutOfTheRegistryTheCollectionAndTheLists) {
 }
 
 TEST_F(DeletingAProfile, IsAnnouncedBeforeThePageIsBroughtUpToDate) {
-    StoreScanner("A", Serial);
-    StoreScanner("B", Serial);
+    StoreScanner("A", Stored::Serial);
+    StoreScanner("B", Stored::Serial);
     Start();
     Choose(List("lstExistingDeviceName_0"), "A");
     const ExpectBox question("Delete Profile?", "Are you sure you wish to delete this profile (A)?", QMessageBox::Yes);
@@ -58,7 +54,7 @@ TEST_F(DeletingAProfile, IsAnnouncedBeforeThePageIsBroughtUpToDate) {
 }
 
 TEST_F(DeletingAProfile, AnsweringNoLeavesEverythingUnchanged) {
-    StoreScanner("A", Serial);
+    StoreScanner("A", Stored::Serial);
     Start();
     Delete("A", QMessageBox::No);
     EXPECT_EQ(StoredScanners(), std::vector<std::string>{"A"});
@@ -67,7 +63,7 @@ TEST_F(DeletingAProfile, AnsweringNoLeavesEverythingUnchanged) {
 }
 
 TEST_F(DeletingAProfile, IsRefusedWhileATestHoldsTheDevice) {
-    StoreScale("Lane 1", Scale);
+    StoreScale("Lane 1", Stored::SingleCable);
     Start();
     ChooseScales();
     devices_.Item(DeviceClass::Scale, "Lane 1")->InUse(true);
@@ -87,7 +83,7 @@ TEST_F(DeletingAProfile, IsRefusedWhileATestHoldsTheDevice) {
 }
 
 TEST_F(DeletingAProfile, TheOnlyScannerLeavesFourEmptyLists) {
-    StoreScanner("A", Serial);
+    StoreScanner("A", Stored::Serial);
     Start();
     Delete("A");
     ExpectListed(DeviceClass::Scanner, {});
@@ -102,8 +98,8 @@ TEST_F(DeletingAProfile, TheOnlyScannerLeavesFourEmptyLists) {
 }
 
 TEST_F(DeletingAProfile, AScannerNamedLikeAScaleLeavesTheScale) {
-    StoreScanner("Lane 1", Serial);
-    StoreScale("Lane 1", Scale);
+    StoreScanner("Lane 1", Stored::Serial);
+    StoreScale("Lane 1", Stored::SingleCable);
     Start();
     Delete("Lane 1");
     EXPECT_TRUE(StoredScanners().empty());
@@ -114,10 +110,10 @@ TEST_F(DeletingAProfile, AScannerNamedLikeAScaleLeavesTheScale) {
 }
 
 TEST_F(DeletingAProfile, TheFirstNameThatBeginsWithItLeavesTheLists) {
-    StoreScanner("Alpha", Serial);
+    StoreScanner("Alpha", Stored::Serial);
     Start();
     for (const char* name : {"Lane2", "Lane"}) {
-        StoreScanner(name, Serial);
+        StoreScanner(name, Stored::Serial);
         devices_.Add(DeviceClass::Scanner, name, devices_.Item(DeviceClass::Scanner, "Alpha"));
         names_.AddDeviceName(DeviceClass::Scanner, name);
     }
@@ -129,9 +125,9 @@ TEST_F(DeletingAProfile, TheFirstNameThatBeginsWithItLeavesTheLists) {
 }
 
 TEST_F(DeletingAProfile, TheNameOfADeletedProfileThatIsLeftShowsNothing) {
-    StoreScanner("Lane2", Serial);
+    StoreScanner("Lane2", Stored::Serial);
     Start();
-    StoreScanner("lane", Serial);
+    StoreScanner("lane", Stored::Serial);
     devices_.Add(DeviceClass::Scanner, "lane", devices_.Item(DeviceClass::Scanner, "Lane2"));
     names_.AddDeviceName(DeviceClass::Scanner, "lane");
     Delete("lane");
@@ -145,8 +141,8 @@ TEST_F(DeletingAProfile, TheNameOfADeletedProfileThatIsLeftShowsNothing) {
 }
 
 TEST_F(DeletingAProfile, AKeyThatAnotherProgramDeletedIsReportedOnce) {
-    StoreScanner("A", Serial);
-    StoreScanner("B", Serial);
+    StoreScanner("A", Stored::Serial);
+    StoreScanner("B", Stored::Serial);
     Start();
     const auto tree = registry_.Tree();
     tree->DeleteKey(RegistryRoot::LocalMachine, "SOFTWARE\\OLEForRetail\\ServiceOPOS\\Scanner\\A");
@@ -165,8 +161,8 @@ TEST_F(DeletingAProfile, AKeyThatAnotherProgramDeletedIsReportedOnce) {
 }
 
 TEST_F(DeletingAProfile, ANameThatAListLacksIsReportedAndTheStepsBeforeStayDone) {
-    StoreScanner("A", Serial);
-    StoreScanner("B", Serial);
+    StoreScanner("A", Stored::Serial);
+    StoreScanner("B", Stored::Serial);
     Start();
     lists_[2].Clear();
     const ExpectBox question("Delete Profile?", "Are you sure you wish to delete this profile (A)?", QMessageBox::Yes);
@@ -180,9 +176,9 @@ TEST_F(DeletingAProfile, ANameThatAListLacksIsReportedAndTheStepsBeforeStayDone)
 }
 
 TEST_F(DeletingAProfile, ANameWithBackslashesIsAKeyBelowAnother) {
-    StoreScanner("Till", Serial);
+    StoreScanner("Till", Stored::Serial);
     Start();
-    StoreScanner("Till\\1", Serial);
+    StoreScanner("Till\\1", Stored::Serial);
     devices_.Add(DeviceClass::Scanner, "Till\\1", devices_.Item(DeviceClass::Scanner, "Till"));
     names_.AddDeviceName(DeviceClass::Scanner, "Till\\1");
     Delete("Till\\1");
