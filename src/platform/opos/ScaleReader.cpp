@@ -142,7 +142,7 @@ void ScaleReader::PollAgain() {
         WaitThen(PollInterval, &ScaleReader::Ask);
 }
 
-void ScaleReader::Finish(ScaleOutcome outcome) {
+void ScaleReader::Finish(const ScaleOutcome& outcome) {
     const Done done = std::exchange(done_, {});
     Cancel();
     // Silence is counted here, where it ends a request: a scale that is late is not in trouble.

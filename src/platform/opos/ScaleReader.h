@@ -62,7 +62,7 @@ private:
     void OnStatus(unsigned status);
     void OnUnreadable();
     void PollAgain();
-    void Finish(ScaleOutcome outcome);
+    void Finish(const ScaleOutcome& outcome);
 
     std::shared_ptr<SharedLine> line_;
     std::shared_ptr<DeviceCounters> counters_;

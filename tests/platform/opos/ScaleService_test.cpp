@@ -164,7 +164,10 @@ TEST_F(Scales, SayWhatTheyCountedAfterARestart) {
 TEST_F(Scales, AreOfflineAtOnceWhenUnplugged) {
     device_.AnswerWith([](char) { return std::string(); });
     Enable();
-    site_.dispatcher.Post([this] { line_.Unplug(); });
+    site_.dispatcher.Post([this] {
+        device_.Stop();
+        line_.Unplug();
+    });
     EXPECT_EQ(Read(-1), OposResult::Offline);
     EXPECT_EQ(Read(-1), OposResult::Offline);
 }

@@ -19,6 +19,8 @@ public:
     SimulatedScale(const PseudoTerminal& line, Answer answer)
         : line_(line), answer_(std::move(answer)), thread_([this](const std::stop_token& stop) { Serve(stop); }) {}
 
+    // Leaves the line alone from now on, so that it can be unplugged.
+    void Stop() { thread_ = {}; }
     void AnswerWith(Answer answer) {
         const std::lock_guard lock(mutex_);
         answer_ = std::move(answer);

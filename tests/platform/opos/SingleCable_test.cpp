@@ -130,7 +130,10 @@ TEST_F(SingleCable, TellsBothWhenItIsUnplugged) {
     scanner_->OnErrorEvent(
         [&](std::int32_t code, std::int32_t, std::int32_t, std::int32_t&) { errors.push_back(code); });
     device_.AnswerWith([](char) { return Simulated::Status(1); });
-    site_.dispatcher.Post([this] { line_.Unplug(); });
+    site_.dispatcher.Post([this] {
+        device_.Stop();
+        line_.Unplug();
+    });
     EXPECT_EQ(Read(-1), OposResult::Offline);
     ASSERT_TRUE(site_.dispatcher.RunUntil([&] { return !errors.empty(); }));
     EXPECT_EQ(errors, std::vector<std::int32_t>{OposResult::Offline});
