@@ -47,11 +47,11 @@ std::vector<HelpBook::IndexEntry> HelpBook::Index() const {
     QHash<QString, int> uses;
     for (const Topic& topic : topics_)
         for (const QString& keyword : topic.keywords)
-            ++uses[keyword];
+            ++uses[keyword.toLower()];
     std::vector<IndexEntry> entries;
     for (const Topic& topic : topics_)
         for (const QString& keyword : topic.keywords)
-            entries.push_back({uses[keyword] > 1 ? keyword + " (" + topic.title + ")" : keyword, topic.id});
+            entries.push_back({uses[keyword.toLower()] > 1 ? keyword + " (" + topic.title + ")" : keyword, topic.id});
     QCollator order;
     order.setCaseSensitivity(Qt::CaseInsensitive);
     order.setNumericMode(true);

@@ -71,7 +71,7 @@ void HelpBrowser::ApplyColours() {
     const QColor base = palette().color(QPalette::Base);
     const bool dark = base.lightness() < text.lightness();
     const QString link = dark ? "#7db7f0" : "#0b5cad";
-    document()->setDefaultStyleSheet(QStringLiteral("a { color: %1; } code { color: %2; }"
+    document()->setDefaultStyleSheet(QStringLiteral("a:link { color: %1; } code { color: %2; }"
                                                     "th { background-color: %3; } table { border-color: %7; "
                                                     "border-style: solid; } .note { background-color: %4; }"
                                                     "h1, h2, h3 { color: %5; } .quiet { color: %6; }")

@@ -103,6 +103,20 @@ TEST_F(HelpFromTheProgram, StaysUsableBesideAModalDialog) {
     EXPECT_EQ(TopicAt("lstNewModelNumber"), "models"); // and after it
 }
 
+TEST_F(HelpFromTheProgram, StaysUsableWhenAskedForInAnOpenListOfAModalDialog) {
+    QDialog dialog(&*window_);
+    DropDownList list(&dialog);
+    list.addItem("item");
+    QTimer::singleShot(0, &dialog, [&] {
+        list.showPopup();
+        QTest::keyClick(static_cast<QWidget*>(list.view()), Qt::Key_F1);
+        ASSERT_NE(HelpWindow(), nullptr);
+        EXPECT_EQ(HelpWindow()->windowHandle()->transientParent(), dialog.windowHandle());
+        dialog.reject();
+    });
+    dialog.exec();
+}
+
 TEST_F(HelpFromTheProgram, ContentsAndIndexOpenThoseTabs) {
     window_.Menu("mnuHelpContents");
     ASSERT_NE(HelpWindow(), nullptr);
