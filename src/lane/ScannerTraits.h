@@ -16,6 +16,7 @@ struct ScannerTraits {
     std::size_t blockSize; // bytes
     std::string_view firmware;
     std::string_view description;
+    std::string_view model; // a catalogue label of such a scanner; empty where the catalogue has none
 };
 
 // Nothing where no scanner has the programming class.

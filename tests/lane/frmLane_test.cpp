@@ -64,7 +64,7 @@ TEST_F(LaneWindow, PutsAScannerAndAScaleOnAPort) {
     EXPECT_FALSE(At<QGroupBox>("fraScale").isEnabled());
     Press("cmdScale");
     EXPECT_TRUE(At<QGroupBox>("fraScale").isEnabled());
-    EXPECT_EQ(Row(), "COM3\nscanner, class 32, firmware 40100 and scale, 0.000 kg");
+    EXPECT_EQ(Row(), "COM3\nPelerin/3256 (class 32, firmware 40100)\nScale: 0.000 kg");
 }
 
 TEST_F(LaneWindow, ScansThePresetLabels) {
@@ -119,7 +119,7 @@ TEST_F(LaneWindow, UnplugsAndPlugsInAgain) {
     PutScanner(1, 3);
     Press("cmdUnplug");
     EXPECT_FALSE(State().pluggedIn);
-    EXPECT_TRUE(Row().endsWith("(unplugged)"));
+    EXPECT_TRUE(Row().startsWith("COM1 (unplugged)\n")) << Row().toStdString();
     EXPECT_FALSE(At<QGroupBox>("fraScanner").isEnabled());
     EXPECT_EQ(At<QPushButton>("cmdUnplug").text(), "Plug &In Again");
     Press("cmdUnplug");

@@ -5,6 +5,7 @@
 #include "lane/window/frmLane.h"
 
 #include <QApplication>
+#include <QIcon>
 
 int RunLaneWindow(int argc, char* argv[], const LaneArguments& arguments) {
     const QApplication application(argc, argv);
@@ -12,6 +13,7 @@ int RunLaneWindow(int argc, char* argv[], const LaneArguments& arguments) {
     // Outlives the lane, whose thread reports to it.
     LaneEvents events;
     LaneRunner lane(arguments.options, [&events](const std::string& event) { emit events.Happened(event.c_str()); });
+    QApplication::setWindowIcon(QIcon(":/icons/ravlin-48.png"));
     frmLane window(lane, events, arguments.options);
     for (const std::string& command : arguments.commands) {
         window.Execute(QString::fromStdString(command));

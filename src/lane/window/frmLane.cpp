@@ -18,21 +18,32 @@ constexpr PresetLabel PresetLabels[] = {
     {"Interleaved 2 of 5", "]I01234"}, {"PDF417", "]L0A pair of socks"}, {"No identifier", "5018374827715"},
 };
 
+QString Text(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+// What a scanner of the class is, with a model of the kind where there is one.
+QString DescribeClass(const ScannerTraits& traits) {
+    return traits.model.empty() ? Text(traits.description) : Text(traits.model) + ", " + Text(traits.description);
+}
+
 QString Describe(const LanePortState& port) {
-    QStringList parts;
+    QStringList lines;
     if (port.scannerClass >= 0) {
-        parts << QObject::tr("scanner, class %1, firmware %2").arg(port.scannerClass).arg(port.firmware.c_str());
+        const auto traits = TraitsOf(port.scannerClass);
+        const QString model = traits && !traits->model.empty() ? Text(traits->model) : QObject::tr("Scanner");
+        lines << QObject::tr("%1 (class %2, firmware %3)").arg(model).arg(port.scannerClass).arg(port.firmware.c_str());
     }
     if (port.hasScale) {
-        parts << QObject::tr("scale, %1").arg(port.unstable ? QObject::tr("unstable") : QString(port.weight.c_str()));
+        lines << QObject::tr("Scale: %1").arg(port.unstable ? QObject::tr("unstable") : QString(port.weight.c_str()));
     }
-    QString text = QString("COM%1\n").arg(port.port) + parts.join(QObject::tr(" and "));
+    QString title = QString("COM%1").arg(port.port);
     if (!port.pluggedIn) {
-        text += QObject::tr(" (unplugged)");
+        title += QObject::tr(" (unplugged)");
     } else if (port.muted) {
-        text += QObject::tr(" (muted)");
+        title += QObject::tr(" (muted)");
     }
-    return text;
+    return title + '\n' + lines.join('\n');
 }
 
 } // namespace
@@ -62,8 +73,7 @@ bool frmLane::Execute(const QString& command) {
 
 void frmLane::FillLists() {
     for (const ScannerTraits& traits : AllScannerTraits()) {
-        const QString description = QString::fromUtf8(traits.description.data(), qsizetype(traits.description.size()));
-        ui_->lstClass->addItem(QString("%1  %2").arg(traits.firstClass).arg(description), traits.firstClass);
+        ui_->lstClass->addItem(QString("%1: %2").arg(traits.firstClass).arg(DescribeClass(traits)), traits.firstClass);
     }
     for (const PresetLabel& preset : PresetLabels) {
         ui_->lstPreset->addItem(preset.name, QString(preset.label));
