@@ -3,6 +3,7 @@
 #include "app/RavlinApplication.h"
 #include "app/frmAbout.h"
 #include "dialogs/frmGlobalConfig.h"
+#include "opos/OPOSScanner.h"
 #include "platform/help/HelpViewer.h"
 #include "profiles/NumberedError.h"
 #include "profiles/Numbers.h"
@@ -72,9 +73,10 @@ frmMain::~frmMain() = default;
 void frmMain::BuildViews() {
     newProfile_ = new NewProfileView({services_.registry, colDevices_, availableComPorts_});
     modifyProfile_ = new ModifyProfileView({services_.registry, colDevices_});
-    simpleTest_ = new SimpleTestView;
-    detailedTest_ = new DetailedTestView;
-    deviceInformation_ = new DeviceInformationView;
+    const TestServices testServices = {services_.registry, colDevices_, services_.controls};
+    simpleTest_ = new SimpleTestView(testServices);
+    detailedTest_ = new DetailedTestView(testServices, simpleTest_->SimpleScale());
+    deviceInformation_ = new DeviceInformationView(services_.controls);
     int index = 0;
     for (QWidget* view :
          std::initializer_list<QWidget*>{newProfile_, modifyProfile_, simpleTest_, detailedTest_, deviceInformation_}) {
@@ -250,6 +252,12 @@ void frmMain::closeEvent(QCloseEvent* event) {
 
 void frmMain::Form_Unload() {
     services_.help.Close();
+    for (OPOSScanner* scanner : {&simpleTest_->SimpleScan(), &detailedTest_->DetailScan()}) {
+        if (scanner->State() == OposState::Closed)
+            continue;
+        scanner->ClearInput();
+        scanner->Close();
+    }
     colDevices_.Clear();
     settings_.SaveWindow({static_cast<float>(pos().x()), static_cast<float>(pos().y())},
                          ui_->ListBar->property(CurrentView).toInt());

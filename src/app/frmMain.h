@@ -17,6 +17,7 @@ class DeviceInformationView;
 class HelpViewer;
 class ModifyProfileView;
 class NewProfileView;
+class OposControls;
 class Registry;
 class SimpleTestView;
 class frmGlobalConfig;
@@ -32,6 +33,7 @@ public:
     // What the window and its views work on; all of it outlives the window.
     struct Services {
         Registry& registry;
+        OposControls& controls;
         SerlinkFactory makeSerlink;
         HelpViewer& help;
     };

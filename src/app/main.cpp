@@ -1,10 +1,12 @@
 // Builds the program's parts and wires them.
 #include "app/CommandLine.h"
 #include "app/HelpKey.h"
+#include "app/QtEventDispatcher.h"
 #include "app/RavlinApplication.h"
 #include "app/SystemSerlink.h"
 #include "app/frmMain.h"
 #include "app/modPrevInstance.h"
+#include "opos/OposControls.h"
 #include "platform/help/HelpViewer.h"
 #include "platform/instance/PreviousInstance.h"
 #include "profiles/RegistryStore.h"
@@ -26,7 +28,9 @@ int main(int argc, char** argv) {
     const std::unique_ptr<Registry> registry = OpenSystemRegistry();
     const std::unique_ptr<HelpViewer> help = CreateHelpViewer();
     const HelpKey helpKey(application, *help);
-    frmMain mainWindow({.registry = *registry, .makeSerlink = SystemSerlink(), .help = *help});
+    QtEventDispatcher dispatcher;
+    const std::unique_ptr<OposControls> controls = OpenSystemControls(*registry, dispatcher);
+    frmMain mainWindow({.registry = *registry, .controls = *controls, .makeSerlink = SystemSerlink(), .help = *help});
     previous.ListenForLater([&mainWindow] { mainWindow.ComeForward(); });
     mainWindow.Form_Load(commandLine.showLogLevel);
     mainWindow.show();

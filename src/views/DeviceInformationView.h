@@ -7,15 +7,22 @@
 
 #include <memory>
 
+class OPOSScale;
+class OPOSScanner;
+class OposControl;
+class OposControls;
+
 namespace Ui {
 class DeviceInformationView;
 }
 
+// Choosing a profile opens its device, reads from it and closes it again; it is never claimed.
 class DeviceInformationView : public QFrame {
     Q_OBJECT
 
 public:
-    explicit DeviceInformationView(QWidget* parent = nullptr);
+    // The controls outlive the page.
+    explicit DeviceInformationView(OposControls& controls, QWidget* parent = nullptr);
     ~DeviceInformationView() override;
 
     [[nodiscard]] DeviceNameList NameLists() const;
@@ -24,6 +31,10 @@ public:
 
 private:
     void lstInfoDeviceType_Click();
+    void lstInfoDeviceName_Click(std::int32_t deviceType);
+    void ClearValues();
 
     std::unique_ptr<Ui::DeviceInformationView> ui_;
+    std::unique_ptr<OPOSScanner> infoScan_;
+    std::unique_ptr<OPOSScale> infoScale_;
 };

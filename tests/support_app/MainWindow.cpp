@@ -10,8 +10,9 @@
 MainWindow::MainWindow(Registry& registry, bool showLogLevel)
     : help_(CreateHelpViewer()),
       helpKey_(*qApp, *help_),
-      window_(std::make_unique<frmMain>(
-          frmMain::Services{.registry = registry, .makeSerlink = SystemSerlink(), .help = *help_})) {
+      controls_(registry),
+      window_(std::make_unique<frmMain>(frmMain::Services{
+          .registry = registry, .controls = controls_, .makeSerlink = SystemSerlink(), .help = *help_})) {
     window_->Form_Load(showLogLevel);
     window_->show();
     if (!QTest::qWaitForWindowExposed(window_.get()))

@@ -4,6 +4,7 @@
 #include "app/HelpKey.h"
 #include "app/frmMain.h"
 #include "platform/help/HelpViewer.h"
+#include "support_opos/SystemControls.h"
 #include "support_widgets/Controls.h"
 
 #include <memory>
@@ -29,5 +30,6 @@ public:
 private:
     std::unique_ptr<HelpViewer> help_;
     HelpKey helpKey_;
+    SystemControls controls_;
     std::unique_ptr<frmMain> window_;
 };

@@ -1,0 +1,86 @@
+#include "views/DeviceInformationView.h"
+
+#include "views/TestSite.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Calls = std::vector<std::string>;
+
+class DeviceInformation : public ::testing::Test {
+protected:
+    DeviceInformation() {
+        page_.NameLists()[0]->AddItem("Lane");
+        page_.NameLists()[0]->AddItem("Other");
+        page_.show();
+    }
+
+    [[nodiscard]] QStringList Values() const {
+        return {c_.Text("lblInfoDeviceName"),    c_.Text("lblInfoDeviceDescription"), c_.Text("lblInfoSOVersion"),
+                c_.Text("lblInfoSODescription"), c_.Text("lblInfoCOVersion"),         c_.Text("lblInfoCODescription")};
+    }
+
+    ScriptedControls controls_;
+    DeviceInformationView page_{controls_};
+    PageControls c_{page_};
+    ScriptedScanner& scanner_ = *controls_.scanners.at(0);
+    ScriptedScale& scale_ = *controls_.scales.at(0);
+};
+
+} // namespace
+
+TEST_F(DeviceInformation, ChoosingAClassShowsItsFirstProfileWithoutClaimingIt) {
+    page_.SelectFirstDeviceType();
+    EXPECT_EQ(scanner_.calls, (Calls{"Open Lane", "Close"}));
+    EXPECT_EQ(Values(), (QStringList{"Lane", "Scripted device", "1.008.001", "Scripted service object", "1.008.000",
+                                     "Scripted control object"}));
+    c_.ExpectUniqueMnemonics();
+}
+
+TEST_F(DeviceInformation, ChoosingAProfileShowsIt) {
+    page_.SelectFirstDeviceType();
+    Choose(c_.List("lstInfoDeviceName_0"), "Other");
+    EXPECT_EQ(c_.Text("lblInfoDeviceName"), "Other");
+}
+
+TEST_F(DeviceInformation, AFailedOpenIsShownBesideTheControlObjectAndNotClosed) {
+    scanner_.openResult = OposOpenResult::BadProgId;
+    page_.SelectFirstDeviceType();
+    EXPECT_EQ(scanner_.calls, Calls{"Open Lane"});
+    EXPECT_EQ(Values(),
+              (QStringList{"Unable to open device (303)", "", "", "", "1.008.000", "Scripted control object"}));
+}
+
+TEST_F(DeviceInformation, AClassWithoutProfilesShowsNothing) {
+    page_.SelectFirstDeviceType();
+    Choose(c_.List("lstInfoDeviceType"), "Scale");
+    EXPECT_EQ(Values(), (QStringList{"", "", "", "", "", ""}));
+    EXPECT_TRUE(scale_.calls.empty());
+    EXPECT_TRUE(IsShown(c_.List("lstInfoDeviceName_1")));
+    EXPECT_FALSE(IsShown(c_.List("lstInfoDeviceName_0")));
+}
+
+TEST_F(DeviceInformation, AScaleIsAskedByItsOwnControl) {
+    page_.NameLists()[1]->AddItem("Scale");
+    Choose(c_.List("lstInfoDeviceType"), "Scale");
+    EXPECT_EQ(scale_.calls, (Calls{"Open Scale", "Close"}));
+    EXPECT_TRUE(scanner_.calls.empty());
+}
+
+TEST_F(DeviceInformation, AListThatIsNotShownLeavesThePageAlone) {
+    page_.NameLists()[1]->AddItem("Scale");
+    Choose(c_.List("lstInfoDeviceType"), "Scale");
+    page_.NameLists()[0]->SetListIndex(0); // as after the deletion of a scanner profile
+    EXPECT_EQ(c_.Text("lblInfoDeviceName"), "Scale");
+    EXPECT_TRUE(scanner_.calls.empty());
+}
+
+TEST_F(DeviceInformation, WithoutASelectionNothingIsOpened) {
+    page_.SelectFirstDeviceType();
+    scanner_.calls.clear();
+    c_.List("lstInfoDeviceName_0").SetListIndex(-1);
+    EXPECT_EQ(Values(), (QStringList{"", "", "", "", "", ""}));
+    c_.List("lstInfoDeviceType").SetListIndex(-1);
+    EXPECT_TRUE(scanner_.calls.empty());
+}
