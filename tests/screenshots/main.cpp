@@ -11,8 +11,11 @@
 #include "support_app/MainWindow.h"
 
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QStyleFactory>
+#include <QTabWidget>
+#include <QTest>
 
 #include <cstdio>
 
@@ -95,7 +98,38 @@ public:
         photographer_.TakeModals({"about"}, [this] { window_.Menu("mnuHelpAbout"); });
     }
 
+    void TakeMenus() {
+        for (const char* name : {"mnuFile", "mnuTest", "mnuHelp"}) {
+            auto& menu = Control<QMenu>(*window_, name);
+            menu.popup({});
+            photographer_.Take(menu, QString(name).replace("mnu", "menu-").toLower());
+            menu.close();
+        }
+    }
+
+    void TakeHelp() {
+        window_.Menu("mnuHelpContents");
+        QWidget& help = HelpWindow();
+        photographer_.Take(help, "help-contents");
+        QTest::keyClick(&window_.List("lstNewScale"), Qt::Key_F1);
+        photographer_.Take(help, "help-topic");
+        window_.Menu("mnuHelpIndex");
+        Control<QLineEdit>(help, "txtIndexFilter").setText("port");
+        photographer_.Take(help, "help-index");
+        Control<QTabWidget>(help, "tabHelp").setCurrentIndex(2);
+        Control<QLineEdit>(help, "txtSearch").setText("zero weight");
+        QTest::keyClick(&Control<QLineEdit>(help, "txtSearch"), Qt::Key_Return);
+        photographer_.Take(help, "help-search");
+    }
+
 private:
+    static QWidget& HelpWindow() {
+        for (QWidget* shown : QApplication::topLevelWidgets())
+            if (shown->objectName() == "frmHelp")
+                return *shown;
+        throw std::runtime_error("the help does not show itself");
+    }
+
     MainWindow& window_;
     const Photographer& photographer_;
 };
@@ -123,6 +157,8 @@ int main(int argc, char** argv) {
         session.TakeSave();
         session.TakePages();
         session.TakeAbout();
+        session.TakeMenus();
+        session.TakeHelp();
     } catch (const std::exception& error) {
         std::fprintf(stderr, "ravlin_screenshots: %s\n", error.what());
         return 1;

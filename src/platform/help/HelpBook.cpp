@@ -11,7 +11,9 @@
 namespace {
 
 constexpr int SpacesPerLevel = 2;
-constexpr qsizetype TitleWeight = 1000;
+// What a title or a keyword adds to the places in the text, for each word and for the query as it stands.
+constexpr qsizetype WordWeight = 1000;
+constexpr qsizetype PhraseWeight = 100000;
 
 QString ReadText(const QString& name) {
     QFile file(":/help/" + name);
@@ -67,11 +69,12 @@ std::vector<HelpBook::Topic> HelpBook::Search(const QString& query) const {
     for (std::size_t i = 0; i < topics_.size(); ++i) {
         const QString& text = Texts()[static_cast<qsizetype>(i)];
         const QString head = topics_[i].title + ' ' + topics_[i].keywords.join(' ');
-        qsizetype weight = 0;
+        const QString phrase = words.join(' ');
+        qsizetype weight = head.contains(phrase, Qt::CaseInsensitive) ? PhraseWeight : 0;
         const bool all = std::ranges::all_of(words, [&](const QString& word) {
             const qsizetype inText = text.count(word, Qt::CaseInsensitive);
             const bool inHead = head.contains(word, Qt::CaseInsensitive);
-            weight += inText + (inHead ? TitleWeight : 0);
+            weight += inText + (inHead ? WordWeight : 0);
             return inText > 0 || inHead;
         });
         if (all)

@@ -4,21 +4,33 @@
 #include <QIcon>
 #include <QScrollBar>
 
+#include <cstdlib>
+
 namespace {
 
-constexpr int LinesOfMargin = 14;
+constexpr int MarginPx = 14;
 
 // The colour between two, share parts of the first in a hundred.
-QString Between(const QColor& a, const QColor& b, int share) {
+QColor Between(const QColor& a, const QColor& b, int share) {
     const auto mix = [share](int x, int y) { return (x * share + y * (100 - share)) / 100; };
-    return QColor(mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())).name();
+    return QColor(mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue()));
+}
+
+// The palette's colour for links, lightened where the theme left it too dark for its background.
+QColor LinkColour(const QPalette& palette) {
+    constexpr int Readable = 100;
+    const QColor link = palette.color(QPalette::Link);
+    const QColor base = palette.color(QPalette::Base);
+    if (std::abs(link.lightness() - base.lightness()) >= Readable)
+        return link;
+    return Between(link, palette.color(QPalette::Text), 45);
 }
 
 } // namespace
 
 HelpBrowser::HelpBrowser(QWidget* parent) : QTextBrowser(parent) {
     setOpenExternalLinks(false);
-    document()->setDocumentMargin(LinesOfMargin);
+    document()->setDocumentMargin(MarginPx);
     ApplyColours();
 }
 
@@ -69,15 +81,15 @@ void HelpBrowser::changeEvent(QEvent* event) {
 void HelpBrowser::ApplyColours() {
     const QColor text = palette().color(QPalette::Text);
     const QColor base = palette().color(QPalette::Base);
-    const bool dark = base.lightness() < text.lightness();
-    const QString link = dark ? "#7db7f0" : "#0b5cad";
-    document()->setDefaultStyleSheet(QStringLiteral("a:link { color: %1; } code { color: %2; }"
-                                                    "th { background-color: %3; } table { border-color: %7; "
-                                                    "border-style: solid; } .note { background-color: %4; }"
-                                                    "h1, h2, h3 { color: %5; } .quiet { color: %6; }")
-                                         .arg(link, Between(text, QColor(link), 60), Between(text, base, 14),
-                                              Between(QColor(link), base, dark ? 22 : 12), text.name(),
-                                              Between(text, base, 65), Between(text, base, 35)));
+    const QColor link = LinkColour(palette());
+    document()->setDefaultStyleSheet(QStringLiteral("a:link { color: %1; } "
+                                                    "code { color: %2; } "
+                                                    "th { background-color: %3; } "
+                                                    ".note { background-color: %4; } "
+                                                    "table { border-color: %5; border-style: solid; }")
+                                         .arg(link.name(), Between(text, link, 60).name(),
+                                              Between(text, base, 14).name(), Between(link, base, 18).name(),
+                                              Between(text, base, 35).name()));
 }
 
 void HelpBrowser::MarkWords() {

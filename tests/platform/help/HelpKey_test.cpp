@@ -15,9 +15,12 @@
 #include <QTest>
 #include <QTextBrowser>
 #include <QTimer>
+#include <QWhatsThis>
 #include <QWindow>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -140,6 +143,18 @@ TEST_F(HelpFromTheProgram, ControlsThatAreShownSayWhatTheyAre) {
     menu.ensurePolished();
     for (const QAction* entry : menu.actions())
         EXPECT_TRUE(entry->isSeparator() || !entry->whatsThis().isEmpty()) << entry->text().toStdString();
+}
+
+TEST_F(HelpFromTheProgram, ShiftF1SaysWhatTheControlIs) {
+    for (const char* name : {"lstNewModelNumber", "txtNewDeviceName", "cmdNewClear", "ListBar"}) {
+        QTest::keyClick(&Control<QWidget>(*window_, name), Qt::Key_F1, Qt::ShiftModifier);
+        const bool shown = std::ranges::any_of(QApplication::topLevelWidgets(), [](const QWidget* window) {
+            return window->inherits("QWhatsThat") && window->isVisible();
+        });
+        EXPECT_TRUE(shown) << name;
+        QWhatsThis::hideText();
+        EXPECT_EQ(HelpWindow(), nullptr);
+    }
 }
 
 TEST_F(HelpFromTheProgram, EveryMenuEntryHasAnIcon) {

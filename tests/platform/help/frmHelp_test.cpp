@@ -133,10 +133,12 @@ TEST_F(HelpWindowShown, SearchListsTopicsWithAllTheWordsAndMarksThem) {
     EXPECT_TRUE(marked.contains("firmware") && marked.contains("40191"));
 }
 
-TEST_F(HelpWindowShown, SearchPutsTopicsFirstThatAreAboutTheWord) {
+TEST_F(HelpWindowShown, SearchPutsTopicsFirstThatAreAboutTheWords) {
     Type("txtSearch", "glossary");
     ASSERT_FALSE(Texts("lstHits").isEmpty());
     EXPECT_EQ(Texts("lstHits").front(), "Glossary");
+    Type("txtSearch", "zero weight"); // elsewhere "Zero Scale" and "Read Weight"
+    EXPECT_EQ(Texts("lstHits").front(), "Global configuration");
 }
 
 TEST_F(HelpWindowShown, SearchSaysWhenNothingIsFound) {
