@@ -3,6 +3,7 @@
 #include "profiles/Numbers.h"
 #include "profiles/RegistryPaths.h"
 #include "profiles/RegistryStore.h"
+#include "wizard/StartupSetting.h"
 
 #include <charconv>
 
@@ -37,7 +38,7 @@ std::int16_t Settings::ListBar() const {
 }
 
 bool Settings::OpensWizard() const {
-    return StoredNumber(Read("StartupWizard")) == 0;
+    return !HidesWizardAtStartup(registry_);
 }
 
 void Settings::SaveWindow(const Position& position, int listBar) const {

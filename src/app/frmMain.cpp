@@ -15,6 +15,7 @@
 #include "views/NewProfileView.h"
 #include "views/ProfileEnumeration.h"
 #include "views/SimpleTestView.h"
+#include "wizard/frmWizard.h"
 
 #include <QCloseEvent>
 #include <QIcon>
@@ -101,6 +102,8 @@ void frmMain::ConnectControls() {
     connect(ui_->mnuGlobalConfig, &QAction::triggered, this, &frmMain::mnuGlobalConfig_Click);
     connect(newProfile_, &NewProfileView::ProgramRequested, this, &frmMain::ProgramScanner);
     connect(modifyProfile_, &ModifyProfileView::ProgramRequested, this, &frmMain::ProgramScanner);
+    connect(ui_->mnuFileWizard, &QAction::triggered, this, &frmMain::mnuFileWizard_Click);
+    connect(&tmrWizard_, &QTimer::timeout, this, &frmMain::mnuFileWizard_Click);
     connect(ui_->mnuFileQuit, &QAction::triggered, this, &QWidget::close);
     connect(ui_->mnuHelpContents, &QAction::triggered, this, [this] { services_.help.ShowContents(this); });
     connect(ui_->mnuHelpIndex, &QAction::triggered, this, [this] { services_.help.ShowIndex(this); });
@@ -127,6 +130,7 @@ void frmMain::Form_Load(bool showLogLevel) {
     RunReported([this] { RestorePosition(); });
     RunReported([this] { RestoreView(); });
     RunReported([this] { LoadLogLevel(); });
+    RunReported([this] { StartWizardTimer(); });
 }
 
 void frmMain::BuildListBar() {
@@ -185,6 +189,15 @@ void frmMain::LoadLogLevel() {
     const std::string level = settings_.LogVerbosity();
     // Shown, not chosen: choosing would write the level back.
     ui_->lstLogLevel->ShowListIndex(level.empty() ? 0 : ToInt16(level) + 1);
+}
+
+// Last of all in the start: a message box before would run the timer, and the window is not shown yet.
+void frmMain::StartWizardTimer() {
+    tmrWizard_.setObjectName("tmrWizard");
+    tmrWizard_.setInterval(1);
+    tmrWizard_.setSingleShot(true);
+    if (settings_.OpensWizard())
+        tmrWizard_.start();
 }
 
 void frmMain::ShowView(int index) {
@@ -284,6 +297,17 @@ void frmMain::mnuGlobalConfig_Click() {
     globalConfig_->show();
     globalConfig_->raise();
     globalConfig_->activateWindow();
+}
+
+void frmMain::mnuFileWizard_Click() {
+    frmWizard wizard({.registry = services_.registry,
+                      .controls = services_.controls,
+                      .makeSerlink = services_.makeSerlink,
+                      .availableComPorts = AvailableComPorts(),
+                      .availableInterfaces = AvailableInterfaces(),
+                      .addDevice = [this](const std::shared_ptr<CDevice>& device) { AddDevice(device); }},
+                     this);
+    wizard.exec();
 }
 
 void frmMain::mnuHelpAbout_Click() {

@@ -8,6 +8,7 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <QTimer>
 
 #include <memory>
 #include <optional>
@@ -74,6 +75,7 @@ private:
     void RestorePosition();
     void RestoreView();
     void LoadLogLevel();
+    void StartWizardTimer();
     void Form_Unload();
 
     // Shows a level of a profile, -1 to 4, in the log level list; nothing for any other number.
@@ -82,6 +84,7 @@ private:
     void ProgramScanner(const std::shared_ptr<CDevice>& device);
     void lstLogLevel_Click();
     void mnuGlobalConfig_Click();
+    void mnuFileWizard_Click();
     void mnuHelpAbout_Click();
 
     std::unique_ptr<Ui::frmMain> ui_;
@@ -99,4 +102,5 @@ private:
     DetailedTestView* detailedTest_ = nullptr;
     DeviceInformationView* deviceInformation_ = nullptr;
     QPointer<frmGlobalConfig> globalConfig_;
+    QTimer tmrWizard_{this}; // opens the wizard once the window is up
 };

@@ -84,6 +84,10 @@ bool frmProgram::ProgramDevice(const CDevice& genericDevice) {
     return outcome.succeeded;
 }
 
+QString frmProgram::FailureReason() const {
+    return ui_->lblFailureDetail->text();
+}
+
 ProgrammingOutcome frmProgram::RunSession(const CDevice& device) {
     const QScopedValueRollback running(sessionRunning_, true);
     const InputBlock inputBlock;

@@ -44,6 +44,9 @@ public:
     // input and this one cannot be closed. Raises no error: whatever goes wrong is shown. May be called again.
     bool ProgramDevice(const CDevice& genericDevice);
 
+    // Why the last session failed, as the window shows it; empty after a success.
+    [[nodiscard]] QString FailureReason() const;
+
 signals:
     // A session has ended, well or badly.
     void ProgramComplete();

@@ -1,6 +1,7 @@
 // The mouse pointer of a program that is busy.
 #pragma once
 
+#include <QCursor>
 #include <QGuiApplication>
 
 // An hourglass as long as it lives; never across a message box, which needs its pointer.

@@ -3,6 +3,7 @@
 #include "profiles/NewScale.h"
 #include "profiles/Numbers.h"
 #include "ui_frmConfigScale.h"
+#include "wizard/AvailableLists.h"
 
 frmConfigScale::frmConfigScale(const Services& services, QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmConfigScale>()), registry_(services.registry) {
@@ -10,11 +11,8 @@ frmConfigScale::frmConfigScale(const Services& services, QWidget* parent)
     ConnectControls();
     ui_->lstWeightUnit->SetListIndex(0);
     ui_->lstDisplay->SetListIndex(0);
-    for (qsizetype i = 0; i < services.availableComPorts.size(); i += 2)
-        ui_->lstSerialPort->AddItem(
-            QStringLiteral("COM%1").arg(ToInt16(services.availableComPorts.mid(i, 2).toStdString())));
-    for (const QString& text : services.availableInterfaces.split('\r'))
-        ui_->lstInterface->AddItem(text);
+    AddComPorts(*ui_->lstSerialPort, services.availableComPorts);
+    AddInterfaces(*ui_->lstInterface, services.availableInterfaces);
     ui_->lstInterface->SetListIndex(0);
 }
 

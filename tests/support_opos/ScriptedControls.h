@@ -26,13 +26,15 @@ public:
     std::int32_t command = 0;
     std::int32_t commandData = 0;
     std::string commandText;
+    std::function<void()> onOpen;  // called in Open
     std::function<void()> onClaim; // called in ClaimDevice
 
     typename Control::DataHandler dataHandler;
     typename Control::ErrorHandler errorHandler;
 
-
     std::int32_t Open(const std::string& deviceName) override {
+        if (onOpen)
+            onOpen();
         name_ = deviceName;
         const std::int32_t result = Record("Open", deviceName);
         if (result == 0 && openResult == 0)

@@ -1,4 +1,5 @@
 // F1 and the menu entries, from the real main window into the real help window.
+#include "profiles/RegistryPaths.h"
 #include "support/TemporaryRegistry.h"
 #include "support_app/MainWindow.h"
 #include "support_widgets/BoxWatcher.h"
@@ -46,8 +47,13 @@ protected:
         return ShownTopic();
     }
 
+    static Registry& WithoutWizard(TemporaryRegistry& registry) {
+        registry.Put(RegistryPaths::Settings, "StartupWizard", "1", RegistryRoot::CurrentUser);
+        return registry;
+    }
+
     TemporaryRegistry registry_;
-    MainWindow window_{registry_};
+    MainWindow window_{WithoutWizard(registry_)};
 };
 
 } // namespace
