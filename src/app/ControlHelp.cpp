@@ -44,15 +44,19 @@ QString WindowName(const QObject& control) {
     return object != nullptr ? object->objectName() : QString();
 }
 
+// Its title, without the name of a profile behind it.
+QString BoxName(const QWidget& box) {
+    return box.windowTitle().section(" [", 0, 0);
+}
+
 } // namespace
 
 ControlHelp::ControlHelp() : topics_(ReadTopics()), whatsThis_(ReadWhatsThis()) {}
 
 QString ControlHelp::TopicOf(const QObject* control) const {
     for (; control != nullptr; control = control->parent()) {
-        const QString topic = IsMessageBox(*control)
-                                  ? topics_.value(static_cast<const QWidget*>(control)->windowTitle())
-                                  : Find(topics_, *control);
+        const QString topic = IsMessageBox(*control) ? topics_.value(BoxName(static_cast<const QWidget&>(*control)))
+                                                     : Find(topics_, *control);
         if (!topic.isEmpty())
             return topic;
     }

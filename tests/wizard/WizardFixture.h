@@ -1,9 +1,9 @@
 // The wizard over a real store, with devices that answer as a test tells them to.
 #pragma once
 
-#include "programming/ScriptedSerlink.h"
 #include "WizardWindow.h"
 #include "profiles/CDevice.h"
+#include "programming/ScriptedSerlink.h"
 #include "support/FailingRegistry.h"
 #include "support/TemporaryRegistry.h"
 #include "support_opos/ScriptedControls.h"

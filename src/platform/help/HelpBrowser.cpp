@@ -61,6 +61,8 @@ QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
 
 void HelpBrowser::doSetSource(const QUrl& url, QTextDocument::ResourceType type) {
     QTextBrowser::doSetSource(url, type);
+    if (url.hasFragment()) // the place would touch the upper border
+        verticalScrollBar()->setValue(verticalScrollBar()->value() - MarginPx / 2);
     MarkWords();
 }
 

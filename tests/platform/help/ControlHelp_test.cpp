@@ -128,6 +128,8 @@ TEST(ControlHelp, KnowsMessageBoxesByTheirTitle) {
     const ControlHelp help;
     QMessageBox box(QMessageBox::NoIcon, "Delete Error", "text", QMessageBox::Ok);
     EXPECT_EQ(help.TopicOf(box.button(QMessageBox::Ok)), "messages#delete-error");
+    box.setWindowTitle("Error loading [Lane 1]");
+    EXPECT_EQ(help.TopicOf(&box), "messages#error-loading");
 }
 
 TEST(ControlHelp, BeginsAtTheFirstTopicWhereNothingIsKnown) {
