@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QMenu>
+#include <QRegularExpression>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
@@ -149,6 +150,19 @@ TEST_F(HelpFromTheProgram, ControlsThatAreShownSayWhatTheyAre) {
     menu.ensurePolished();
     for (const QAction* entry : menu.actions())
         EXPECT_TRUE(entry->isSeparator() || !entry->whatsThis().isEmpty()) << entry->text().toStdString();
+}
+
+TEST_F(HelpFromTheProgram, EveryControlOfEveryViewSaysWhatItIs) {
+    for (int view = 0; view < 5; ++view) {
+        window_->ShowView(view);
+        int controls = 0;
+        for (const QWidget* control : window_->findChildren<QWidget*>(QRegularExpression("^(lst|txt|cmd|chk|opt)")))
+            if (control->isVisible()) {
+                ++controls;
+                EXPECT_FALSE(control->whatsThis().isEmpty()) << control->objectName().toStdString();
+            }
+        EXPECT_GT(controls, 1) << view;
+    }
 }
 
 TEST_F(HelpFromTheProgram, ShiftF1SaysWhatTheControlIs) {
