@@ -55,8 +55,8 @@ ControlHelp::ControlHelp() : topics_(ReadTopics()), whatsThis_(ReadWhatsThis()) 
 
 QString ControlHelp::TopicOf(const QObject* control) const {
     for (; control != nullptr; control = control->parent()) {
-        const QString topic = IsMessageBox(*control) ? topics_.value(BoxName(static_cast<const QWidget&>(*control)))
-                                                     : Find(topics_, *control);
+        QString topic = IsMessageBox(*control) ? topics_.value(BoxName(static_cast<const QWidget&>(*control)))
+                                               : Find(topics_, *control);
         if (!topic.isEmpty())
             return topic;
     }

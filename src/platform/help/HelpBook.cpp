@@ -82,6 +82,7 @@ std::vector<HelpBook::Topic> HelpBook::Search(const QString& query) const {
     }
     std::ranges::stable_sort(hits, std::ranges::greater{}, [](const auto& hit) { return hit.first; });
     std::vector<Topic> found;
+    found.reserve(hits.size());
     for (const auto& [weight, topic] : hits)
         found.push_back(*topic);
     return found;
@@ -92,7 +93,10 @@ bool HelpBook::Contains(const QString& id) const {
 }
 
 QUrl HelpBook::UrlOf(const QString& id) {
-    return QUrl("qrc:/help/" + id.section('#', 0, 0) + ".html" + (id.contains('#') ? '#' + id.section('#', 1) : ""));
+    QUrl url("qrc:/help/" + id.section('#', 0, 0) + ".html");
+    if (id.contains('#'))
+        url.setFragment(id.section('#', 1));
+    return url;
 }
 
 QString HelpBook::IdOf(const QUrl& url) {

@@ -9,19 +9,19 @@
 namespace {
 
 constexpr int MarginPx = 14;
+constexpr int ReadableDifference = 100; // in lightness
 
-// The colour between two, share parts of the first in a hundred.
+// The colour between two: share parts in a hundred of the first.
 QColor Between(const QColor& a, const QColor& b, int share) {
     const auto mix = [share](int x, int y) { return (x * share + y * (100 - share)) / 100; };
-    return QColor(mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue()));
+    return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
 }
 
 // The palette's colour for links, lightened where the theme left it too dark for its background.
 QColor LinkColour(const QPalette& palette) {
-    constexpr int Readable = 100;
     const QColor link = palette.color(QPalette::Link);
     const QColor base = palette.color(QPalette::Base);
-    if (std::abs(link.lightness() - base.lightness()) >= Readable)
+    if (std::abs(link.lightness() - base.lightness()) >= ReadableDifference)
         return link;
     return Between(link, palette.color(QPalette::Text), 45);
 }

@@ -97,6 +97,23 @@ TEST_F(HelpFromTheProgram, F1InAMessageBoxExplainsIt) {
     EXPECT_EQ(ShownTopic(), "messages#delete");
 }
 
+TEST_F(HelpFromTheProgram, F1InTheWizardOpensTheTopicOfThePage) {
+    const WhenShown wizard("frmWizard", [](QWidget& window) {
+        QTest::keyClick(&Control<QWidget>(window, "cmdNext"), Qt::Key_F1);
+        EXPECT_EQ(ShownTopic(), "wizard");
+        QTest::keyClick(&Control<QWidget>(window, "fraWizard_1"), Qt::Key_F1);
+        EXPECT_EQ(ShownTopic(), "wizard#model");
+        QTest::keyClick(&Control<QWidget>(window, "txtScannerName_0"), Qt::Key_F1);
+        EXPECT_EQ(ShownTopic(), "wizard#options");
+        for (const QWidget* control : window.findChildren<QWidget*>(QRegularExpression("^(lst|txt|cmd|chk)")))
+            if (control->isVisible()) {
+                EXPECT_NE(control->whatsThis(), "") << control->objectName().toStdString();
+            }
+        window.close();
+    });
+    window_.Menu("mnuFileWizard");
+}
+
 TEST_F(HelpFromTheProgram, StaysUsableBesideAModalDialog) {
     QDialog dialog(&*window_);
     dialog.setObjectName("frmConfigScale");
