@@ -12,13 +12,14 @@ namespace {
 constexpr int Padding = 3;
 constexpr int NarrowestText = 12; // characters
 
-// A label may hold any byte; Unicode has a symbol for each control character.
-QString WithControlSymbols(QString text) {
+// A label may hold any byte; Unicode has a symbol for each control character, but not every font has them.
+QString WithControlSymbols(QString text, const QFontMetrics& font) {
     for (QChar& character : text) {
-        if (character.unicode() < 0x20)
-            character = QChar(0x2400 + character.unicode());
-        else if (character.unicode() == 0x7F)
-            character = QChar(0x2421);
+        const char16_t code = character.unicode();
+        if (code >= 0x20 && code != 0x7F)
+            continue;
+        const QChar symbol(code == 0x7F ? 0x2421 : 0x2400 + code);
+        character = font.inFont(symbol) ? symbol : QChar(0xB7);
     }
     return text;
 }
@@ -51,7 +52,7 @@ bool ValueLabel::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip)
         return QLabel::event(event);
     QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
-                       IsCut() ? WithControlSymbols(text()).toHtmlEscaped() : QString(), this);
+                       IsCut() ? WithControlSymbols(text(), fontMetrics()).toHtmlEscaped() : QString(), this);
     return true;
 }
 
@@ -60,16 +61,17 @@ void ValueLabel::paintEvent(QPaintEvent*) {
     drawFrame(&painter);
     bool cut = false;
     const QStringList drawn = DrawnLines(cut);
-    // One line stands in the middle; more begin at the top.
-    const QRect area = contentsRect().adjusted(Padding, Padding, -Padding, -Padding);
+    // In the middle, where the caption beside it stands.
     const int spacing = fontMetrics().lineSpacing();
+    QRect area = contentsRect().adjusted(Padding, 0, -Padding, 0);
+    area.setTop(area.top() + (area.height() - static_cast<int>(drawn.size()) * spacing) / 2);
     for (int i = 0; i < drawn.size(); ++i)
         painter.drawText(QRect(area.left(), area.top() + i * spacing, area.width(), spacing),
                          Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, drawn[i]);
 }
 
 QStringList ValueLabel::DrawnLines(bool& cut) const {
-    const QString shown = WithControlSymbols(text());
+    const QString shown = WithControlSymbols(text(), fontMetrics());
     const int width = contentsRect().width() - 2 * Padding;
     QTextLayout layout(shown, font(), const_cast<ValueLabel*>(this));
     QTextOption option;

@@ -4,7 +4,7 @@
 #include <QLabel>
 
 // Shows its text as it stands, never as markup, in a sunken field of a fixed number of lines, broken where the line
-// ends; what does not fit ends in an ellipsis and is in the tool tip. Control characters show as their symbols. The
+// ends; what does not fit ends in an ellipsis and is in the tool tip. Control characters show as symbols. The
 // text never changes the size of the window.
 class ValueLabel : public QLabel {
     Q_OBJECT

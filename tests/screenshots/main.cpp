@@ -2,6 +2,7 @@
 #include "Photographer.h"
 
 #include "app/RavlinApplication.h"
+#include "platform/opos/SimulatedScale.h"
 #include "profiles/CAveryScale.h"
 #include "profiles/CScale2.h"
 #include "profiles/CScanner2.h"
@@ -10,6 +11,7 @@
 #include "support/TemporaryRegistry.h"
 #include "support_app/MainWindow.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
@@ -94,6 +96,41 @@ public:
         }
     }
 
+    // The test pages at work: labels and weights as they come from a single cable.
+    void TakeTests(const PseudoTerminal& line) {
+        window_->ShowView(2);
+        window_.List("lstSimpleDeviceName_1").SetListIndex(window_.List("lstSimpleDeviceName_1").findText("Lane 1"));
+        Press("cmdSimpleScannerBegin");
+        Press("cmdSimpleScaleBegin");
+        line.Send("]E05018374827715\r");
+        WaitFor("lblSimpleScanData");
+        WaitFor("lblSimpleScaleWeight");
+        photographer_.Take(*window_, "simple-test-running");
+        Press("cmdSimpleScannerEnd");
+        Press("cmdSimpleScaleEnd");
+        window_->ShowView(3);
+        for (const char* button : {"cmdDetailedOpen", "cmdDetailedClaim", "cmdDetailedEnable", "chkDetailedDecodeData",
+                                   "chkDetailedDataEventAlways"})
+            Press(button);
+        line.Send("]C0A label\x1D that is longer than one line of the page can show, up to its last character\r");
+        WaitFor("lblDetailedScanData");
+        photographer_.Take(*window_, "detailed-test-scanner");
+        photographer_.TakeModals({"direct-io"}, [this] { Press("cmdDetailedDirectIO"); });
+        photographer_.TakeModals({"retrieve-statistics"}, [this] { Press("cmdDetailedRetrieveStatistics"); });
+        Press("cmdDetailedClose");
+        window_.List("lstDetailedDeviceType").SetListIndex(1);
+        window_.List("lstDetailedDeviceName_1")
+            .SetListIndex(window_.List("lstDetailedDeviceName_1").findText("Lane 1"));
+        for (const char* button :
+             {"cmdDetailedOpen", "cmdDetailedClaim", "cmdDetailedEnable", "cmdDetailedScaleWeight"})
+            Press(button);
+        photographer_.Take(*window_, "detailed-test-scale");
+        Press("cmdDetailedClose");
+        window_->ShowView(4);
+        window_.List("lstInfoDeviceType").SetListIndex(0);
+        photographer_.Take(*window_, "device-information");
+    }
+
     void TakeAbout() {
         photographer_.TakeModals({"about"}, [this] { window_.Menu("mnuHelpAbout"); });
     }
@@ -130,6 +167,13 @@ private:
         throw std::runtime_error("the help does not show itself");
     }
 
+    void Press(const char* button) { Control<QAbstractButton>(*window_, button).click(); }
+    // Until the device has shown itself there.
+    void WaitFor(const char* label) {
+        if (!WaitUntil([&] { return !Control<QLabel>(*window_, label).text().isEmpty(); }))
+            throw std::runtime_error(std::string("nothing comes to ") + label);
+    }
+
     MainWindow& window_;
     const Photographer& photographer_;
 };
@@ -149,13 +193,18 @@ int main(int argc, char** argv) {
     try {
         TemporaryRegistry registry;
         const TemporaryPorts ports;
+        const PseudoTerminal line(ports, 1);
+        const SimulatedScale scale(
+            line, [](char command) { return command == 'W' ? SimulatedScale::Frame("01.235") : std::string(); });
         FillStore(registry);
+        registry.Put(RegistryPaths::DriverOptions, "ZeroWeightReject", "1");
         MainWindow window(registry, true);
         const Photographer photographer{QDir(arguments[2])};
         Session session(window, photographer);
         session.TakeNewProfile();
         session.TakeSave();
         session.TakePages();
+        session.TakeTests(line);
         session.TakeAbout();
         session.TakeMenus();
         session.TakeHelp();
