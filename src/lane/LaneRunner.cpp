@@ -30,8 +30,8 @@ LaneRunner::LaneRunner(LaneOptions options, std::function<void(const std::string
     signals_.async_wait([this](const asio::error_code& error, int signal) {
         if (!error) {
             lane_.Clear();
-            std::signal(signal, SIG_DFL);
-            std::raise(signal);
+            (void)std::signal(signal, SIG_DFL);
+            (void)std::raise(signal);
         }
     });
     const sigset_t ending = EndingSignalSet();

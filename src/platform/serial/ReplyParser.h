@@ -18,7 +18,7 @@ public:
     };
 
     // Far above the kilobyte of the largest configuration, and small enough for a device that never stops.
-    static constexpr std::size_t DefaultLimit = 64 * 1024;
+    static constexpr std::size_t DefaultLimit = std::size_t{64} * 1024;
 
     // limit: how many bytes the reply may have, noise before it included.
     explicit ReplyParser(std::size_t limit = DefaultLimit) : limit_(limit) {}
