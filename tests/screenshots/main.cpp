@@ -135,6 +135,10 @@ public:
         photographer_.TakeModals({"about"}, [this] { window_.Menu("mnuHelpAbout"); });
     }
 
+    void TakeWizard() {
+        photographer_.TakeModals({"wizard"}, [this] { window_.Menu("mnuFileWizard"); });
+    }
+
     void TakeMenus() {
         for (const char* name : {"mnuFile", "mnuTest", "mnuHelp"}) {
             auto& menu = Control<QMenu>(*window_, name);
@@ -206,6 +210,7 @@ int main(int argc, char** argv) {
         session.TakePages();
         session.TakeTests(line);
         session.TakeAbout();
+        session.TakeWizard();
         session.TakeMenus();
         session.TakeHelp();
     } catch (const std::exception& error) {
