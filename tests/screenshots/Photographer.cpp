@@ -18,13 +18,16 @@ void Photographer::Take(QWidget& window, const QString& name) const {
         throw std::runtime_error(("cannot write " + path).toStdString());
 }
 
-void Photographer::TakeModals(const QStringList& names, const std::function<void()>& work) const {
+void Photographer::TakeModals(const QStringList& names, const std::function<void()>& work,
+                              const std::function<void(QWidget&)>& prepare) const {
     QStringList left = names;
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
         QWidget* modal = QApplication::activeModalWidget();
         if (modal == nullptr)
             return;
+        if (prepare)
+            prepare(*modal);
         if (!left.isEmpty())
             Take(*modal, left.takeFirst());
         modal->close();
