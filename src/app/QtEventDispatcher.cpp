@@ -4,7 +4,6 @@
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
-#include <QTimer>
 
 #include <utility>
 
@@ -13,6 +12,11 @@ namespace {
 constexpr std::chrono::milliseconds Slice(8); // less than a frame
 
 } // namespace
+
+QtEventDispatcher::QtEventDispatcher() {
+    nextTurn_.setSingleShot(true);
+    connect(&nextTurn_, &QTimer::timeout, this, &QtEventDispatcher::RunPosted);
+}
 
 void QtEventDispatcher::Post(std::function<void()> function) {
     const std::scoped_lock lock(mutex_);
@@ -40,9 +44,9 @@ void QtEventDispatcher::RunPosted() {
     }
     const std::scoped_lock lock(mutex_);
     scheduled_ = !posted_.empty();
-    // By a timer, since a posted event would go before all others again.
+    // By a real timer, since a posted event would go before all others again, and so would a single shot of no time.
     if (scheduled_)
-        QTimer::singleShot(0, this, &QtEventDispatcher::RunPosted);
+        nextTurn_.start(0);
 }
 
 void QtEventDispatcher::Wait(std::chrono::milliseconds limit) {

@@ -4,6 +4,7 @@
 #include "opos/EventDispatcher.h"
 
 #include <QObject>
+#include <QTimer>
 
 #include <deque>
 #include <mutex>
@@ -14,6 +15,8 @@ class QtEventDispatcher final : public QObject, public EventDispatcher {
     Q_OBJECT
 
 public:
+    QtEventDispatcher();
+
     void Post(std::function<void()> function) override;
     void Wait(std::chrono::milliseconds limit) override;
 
@@ -26,4 +29,5 @@ private:
     std::deque<std::function<void()>> posted_; // guarded
     bool scheduled_ = false;                   // guarded: RunPosted will be called
     std::uint64_t runs_ = 0;
+    QTimer nextTurn_;
 };

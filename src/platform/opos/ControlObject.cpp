@@ -12,7 +12,7 @@ using Milliseconds = std::chrono::milliseconds;
 // A wait looks this often whether it is over.
 constexpr Milliseconds WaitStep{5};
 // Delivering goes on so long before the user interface has its turn.
-constexpr Milliseconds DeliveryTurn{50};
+constexpr Milliseconds DeliveryTurn{10};
 // So much counting a crash can cost.
 constexpr std::chrono::seconds CountersSaveInterval{60};
 
