@@ -235,7 +235,10 @@ void frmMain::AddDevice(const std::shared_ptr<CDevice>& device) {
 }
 
 void frmMain::ProgramScanner(const std::shared_ptr<CDevice>& device) {
+    if (programWindow_) // still shows how the last session ended
+        programWindow_->close();
     auto* window = new frmProgram({.makeSerlink = services_.makeSerlink}, this);
+    programWindow_ = window;
     window->setAttribute(Qt::WA_DeleteOnClose);
     connect(window, &frmProgram::ProgramComplete, this, &frmMain::ProgramComplete);
     window->show();

@@ -22,6 +22,7 @@ class OposControls;
 class Registry;
 class SimpleTestView;
 class frmGlobalConfig;
+class frmProgram;
 
 namespace Ui {
 class frmMain;
@@ -102,5 +103,6 @@ private:
     DetailedTestView* detailedTest_ = nullptr;
     DeviceInformationView* deviceInformation_ = nullptr;
     QPointer<frmGlobalConfig> globalConfig_;
+    QPointer<frmProgram> programWindow_;
     QTimer tmrWizard_{this}; // opens the wizard once the window is up
 };

@@ -70,6 +70,14 @@ TEST_F(ProgramButtons, ADisabledButtonStaysDisabledAfterASession) {
     EXPECT_FALSE(existingProgram.isEnabled());
 }
 
+TEST_F(ProgramButtons, ASecondSessionReplacesTheWindowOfTheFirst) {
+    MainWindow window(registry_);
+    for (int session = 0; session < 2; ++session)
+        Click(Control<QPushButton>(*window, "cmdNewProgram"));
+    EXPECT_TRUE(WaitUntil([&] { return window->findChildren<QWidget*>("frmProgram").size() == 1; }));
+    EXPECT_TRUE(ProgrammingWindow(*window).isVisible());
+}
+
 TEST_F(ProgramButtons, TheStoredProfileIsProgrammedOverItsOwnPort) {
     const PseudoTerminal scanner(ports_, 2);
     MainWindow window(registry_);
