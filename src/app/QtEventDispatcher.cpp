@@ -35,6 +35,7 @@ std::function<void()> QtEventDispatcher::TakeNext() {
 }
 
 void QtEventDispatcher::RunPosted() {
+    const std::uint64_t before = runs_;
     for (const QDeadlineTimer slice(Slice, Qt::PreciseTimer); !slice.hasExpired();) {
         const std::function<void()> function = TakeNext();
         if (!function)
@@ -43,8 +44,8 @@ void QtEventDispatcher::RunPosted() {
         ++runs_;
     }
     const std::scoped_lock lock(mutex_);
-    scheduled_ = !posted_.empty();
-    // By a real timer, since a posted event would go before all others again, and so would a single shot of no time.
+    scheduled_ = runs_ != before || !posted_.empty();
+    // What follows waits for a timer of no time: a posted event would go before all others as long as more are posted.
     if (scheduled_)
         nextTurn_.start(0);
 }
