@@ -9,6 +9,7 @@
 #include "programming/ScannerConfiguration.h"
 #include "support/PseudoTerminal.h"
 #include "support/ScopedVariable.h"
+#include "support/TemporaryDirectory.h"
 #include "support/TemporaryRegistry.h"
 #include "support_opos/SystemControls.h"
 #include "wizard/WizardWindow.h"

@@ -1,5 +1,6 @@
 // ravlin-reg as its users meet it: the program itself, its exit status and what it says.
 #include "support/RunProgram.h"
+#include "support/TemporaryDirectory.h"
 #include "support/TemporaryRegistry.h"
 
 #include <gtest/gtest.h>

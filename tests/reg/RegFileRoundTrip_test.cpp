@@ -1,4 +1,5 @@
 #include "reg/Commands.h"
+#include "support/TemporaryDirectory.h"
 #include "support/TemporaryRegistry.h"
 
 #include <gtest/gtest.h>

@@ -1,12 +1,5 @@
 #include "support/TemporaryRegistry.h"
 
-TemporaryRegistry::TemporaryRegistry()
-    : files_{directory_.Path() / "machine.db", directory_.Path() / "user.db"}, registry_(OpenSqliteRegistry(files_)) {}
-
-std::vector<std::string> TemporaryRegistry::Environment() const {
-    return {"RAVLIN_MACHINE_HIVE=" + files_.machine.string(), "RAVLIN_USER_HIVE=" + files_.user.string()};
-}
-
 void TemporaryRegistry::Put(const std::string& path, const std::string& name, const std::string& text,
                             RegistryRoot root) {
     const auto tree = Tree();

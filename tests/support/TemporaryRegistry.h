@@ -1,8 +1,8 @@
-// A real registry over files in a directory of its own, for one test.
+// A real registry of its own for one test: over files in a directory, on Windows over keys of the registry.
 #pragma once
 
-#include "platform/registry/RegistrySqlite.h"
-#include "support/TemporaryDirectory.h"
+#include "platform/registry/HiveFiles.h"
+#include "profiles/RegistryTree.h"
 
 #include <memory>
 #include <string>
@@ -12,15 +12,17 @@
 class TemporaryRegistry final : public Registry {
 public:
     TemporaryRegistry();
+    ~TemporaryRegistry() override;
 
     std::unique_ptr<RegistryStore> CreateStore() override { return registry_->CreateStore(); }
 
-    [[nodiscard]] const HiveFiles& Files() const { return files_; }
-    // A tree over the same files, as another program would have it.
-    [[nodiscard]] std::unique_ptr<RegistryTree> Tree() const { return OpenSqliteTree(files_); }
-    // A registry over the same files, as another program would have it.
-    [[nodiscard]] std::unique_ptr<Registry> OtherProgram() const { return OpenSqliteRegistry(files_); }
-    // "NAME=VALUE" texts that make a child process use this registry.
+    // Not on Windows.
+    [[nodiscard]] const HiveFiles& Files() const;
+    // A tree over the same data, as another program would have it.
+    [[nodiscard]] std::unique_ptr<RegistryTree> Tree() const;
+    // A registry over the same data, as another program would have it.
+    [[nodiscard]] std::unique_ptr<Registry> OtherProgram() const;
+    // "NAME=VALUE" texts that make a child process use this registry; not on Windows.
     [[nodiscard]] std::vector<std::string> Environment() const;
 
     // What tests do most, each in a sequence of its own. Paths as in RegistryStore.
@@ -37,7 +39,7 @@ public:
     [[nodiscard]] bool HasKey(const std::string& path, RegistryRoot root = RegistryRoot::LocalMachine) const;
 
 private:
-    TemporaryDirectory directory_;
-    HiveFiles files_;
+    class Place;
+    std::unique_ptr<Place> place_;
     std::unique_ptr<Registry> registry_;
 };

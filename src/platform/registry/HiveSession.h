@@ -1,16 +1,28 @@
-// One transaction on a hive and what is known within it.
+// One sequence of operations on a hive and what is known within it.
 #pragma once
 
-#include "platform/registry/HiveConnection.h"
 #include "profiles/RegistryTree.h"
 
-#include <functional>
+#include <cstdint>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
+// What the system answered; a Hive makes a RegistryError of it where the operation is known.
+class HiveFailure : public std::runtime_error {
+public:
+    HiveFailure(int code, const std::string& message) : std::runtime_error(message), code_(code) {}
+    // A number of the system's.
+    [[nodiscard]] int Code() const noexcept { return code_; }
+
+private:
+    int code_;
+};
+
+// A key within the session that found or made it.
 using KeyId = std::int64_t;
 inline constexpr KeyId HiveKey = 0;
 
@@ -21,50 +33,33 @@ struct StoredValue {
 using StoredValues = std::vector<StoredValue>;
 using KeyNames = std::vector<std::string>;
 
-// A reading session is one state of the hive and may be shared; a writing one has the hive's write lock. Ends without
-// Commit as if it had never been. Errors: SqliteError; RegistryError for names that are not allowed.
+// A reading session is one state of the hive and may be shared; a writing one keeps other writers out. Ends without
+// Commit as if it had never been. Errors: HiveFailure; RegistryError for names that are not allowed.
 class HiveSession {
 public:
-    enum class Access { Read, Write };
-    using GiveBack = std::function<void(std::unique_ptr<HiveConnection>)>;
-
-    HiveSession(std::unique_ptr<HiveConnection> connection, Access access, GiveBack giveBack);
-    ~HiveSession();
+    virtual ~HiveSession() = default;
     HiveSession(const HiveSession&) = delete;
     HiveSession& operator=(const HiveSession&) = delete;
 
-    [[nodiscard]] bool MayWrite() const { return access_ == Access::Write; }
+    [[nodiscard]] virtual bool MayWrite() const = 0;
 
-    [[nodiscard]] std::optional<KeyId> FindKey(std::string_view path);
+    [[nodiscard]] virtual std::optional<KeyId> FindKey(std::string_view path) = 0;
     // Finds or makes the key and those above it.
-    [[nodiscard]] KeyId MakeKey(std::string_view path);
-    [[nodiscard]] std::optional<KeyId> FindSubKey(KeyId parent, std::string_view name);
+    [[nodiscard]] virtual KeyId MakeKey(std::string_view path) = 0;
+    [[nodiscard]] virtual std::optional<KeyId> FindSubKey(KeyId parent, std::string_view name) = 0;
 
     // In the order of their names without case, and in the order in which they were made. What was returned stays as
     // it is when the session changes the key.
-    [[nodiscard]] std::shared_ptr<const KeyNames> SubKeys(KeyId key);
-    [[nodiscard]] std::shared_ptr<const StoredValues> Values(KeyId key);
+    [[nodiscard]] virtual std::shared_ptr<const KeyNames> SubKeys(KeyId key) = 0;
+    [[nodiscard]] virtual std::shared_ptr<const StoredValues> Values(KeyId key) = 0;
 
-    void PutValue(KeyId key, const RegistryValue& value);
-    bool DropValue(KeyId key, std::string_view name);
+    virtual void PutValue(KeyId key, const RegistryValue& value) = 0;
+    virtual bool DropValue(KeyId key, std::string_view name) = 0;
     // With all that lies below it.
-    void DropKey(KeyId key);
+    virtual void DropKey(KeyId key) = 0;
 
-    void Commit();
+    virtual void Commit() = 0;
 
-private:
-    std::optional<KeyId> FindFolder(std::string_view path);
-    void PrepareToWrite();
-
-    std::unique_ptr<HiveConnection> connection_;
-    Access access_;
-    GiveBack giveBack_;
-    bool open_ = false;
-
-    // The folder that was looked up last: profiles are read one after the other out of one.
-    std::string folderPath_;
-    std::optional<KeyId> folder_;
-    // The values that were read last: a profile's class is recognised by one store and loaded by another.
-    KeyId valuesOf_ = HiveKey;
-    std::shared_ptr<const StoredValues> values_;
+protected:
+    HiveSession() = default;
 };

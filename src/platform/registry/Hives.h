@@ -2,23 +2,21 @@
 #pragma once
 
 #include "platform/registry/Hive.h"
-#include "platform/registry/HiveFiles.h"
 
 #include <array>
-#include <chrono>
 #include <memory>
+#include <utility>
 
 inline constexpr std::size_t HiveCount = 2;
 
 class Hives {
 public:
-    Hives(const HiveFiles& files, std::chrono::milliseconds lockLimit)
-        : hives_{Hive(files.machine, "this machine", lockLimit), Hive(files.user, "the current user", lockLimit)} {}
+    Hives(std::unique_ptr<Hive> machine, std::unique_ptr<Hive> user) : hives_{std::move(machine), std::move(user)} {}
 
-    [[nodiscard]] Hive& Of(RegistryRoot root) { return hives_.at(static_cast<std::size_t>(root)); }
+    [[nodiscard]] Hive& Of(RegistryRoot root) { return *hives_.at(static_cast<std::size_t>(root)); }
 
 private:
-    std::array<Hive, HiveCount> hives_;
+    std::array<std::unique_ptr<Hive>, HiveCount> hives_;
 };
 
 // The sessions that one sequence of operations has open, at most one per hive: a reading one from its first operation
@@ -66,3 +64,7 @@ private:
     Hives& hives_;
     std::array<std::shared_ptr<HiveSession>, HiveCount> sessions_;
 };
+
+// Registries and trees over two hives.
+[[nodiscard]] std::unique_ptr<Registry> MakeRegistry(Hives hives);
+[[nodiscard]] std::unique_ptr<RegistryTree> MakeTree(Hives hives);

@@ -1,11 +1,7 @@
 #include "platform/registry/RegistryNames.h"
 
+#include "platform/registry/UpperCase.h"
 #include "profiles/Unicode.h"
-
-#include <clocale>
-#include <cwctype>
-#include <memory>
-#include <type_traits>
 
 namespace {
 
@@ -17,32 +13,6 @@ bool IsAscii(std::string_view text) {
         if (static_cast<unsigned char>(c) >= 0x80)
             return false;
     return true;
-}
-
-// A locale that knows the case of all of Unicode, whatever the user's locale is.
-class UnicodeLocale {
-public:
-    UnicodeLocale() : locale_(newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr)) {
-        if (!locale_)
-            throw RegistryError(RegistryErrorNumber::Unknown,
-                                "The locale C.UTF-8 is missing on this system; install it to use names with letters "
-                                "beyond ASCII.");
-    }
-
-    [[nodiscard]] char32_t Upper(char32_t codePoint) const {
-        return static_cast<char32_t>(towupper_l(static_cast<wint_t>(codePoint), locale_.get()));
-    }
-
-private:
-    struct Free {
-        void operator()(locale_t locale) const { freelocale(locale); }
-    };
-    std::unique_ptr<std::remove_pointer_t<locale_t>, Free> locale_;
-};
-
-char32_t Upper(char32_t codePoint) {
-    static const UnicodeLocale unicode;
-    return unicode.Upper(codePoint);
 }
 
 // The length of a name as the limits count it.
@@ -67,7 +37,7 @@ std::string FoldedName(std::string_view name) {
     }
     auto codePoints = DecodeUtf8(name).value_or(U"");
     for (char32_t& codePoint : codePoints)
-        codePoint = Upper(codePoint);
+        codePoint = UpperCase(codePoint);
     return EncodeUtf8(codePoints);
 }
 

@@ -1,25 +1,21 @@
 // SQLite's C interface with owners and exceptions.
 #pragma once
 
+#include "platform/registry/HiveSession.h"
+
 #include <chrono>
 #include <cstdint>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
 struct sqlite3;
 struct sqlite3_stmt;
 
-// What SQLite answered; translated into a RegistryError where the operation is known.
-class SqliteError : public std::runtime_error {
+// What SQLite answered: a primary result code of it.
+class SqliteError : public HiveFailure {
 public:
-    SqliteError(int code, const std::string& message) : std::runtime_error(message), code_(code) {}
-    // A primary result code of SQLite.
-    [[nodiscard]] int Code() const noexcept { return code_; }
-
-private:
-    int code_;
+    using HiveFailure::HiveFailure;
 };
 
 // A prepared statement. Parameters and columns are counted from 1 and from 0, as in SQLite. Texts that are bound must

@@ -434,7 +434,7 @@ TEST_P(RegistryContract, EmptyAndLongTextsAreKept) {
 
 namespace {
 
-struct SqliteUnderTest final : RegistryUnderTest {
+struct SystemUnderTest final : RegistryUnderTest {
     Registry& Own() override { return registry_; }
     Registry& Other() override { return *other_; }
 
@@ -446,5 +446,5 @@ private:
 } // namespace
 
 INSTANTIATE_TEST_SUITE_P(Registries, RegistryContract,
-                         testing::Values(Implementation{"Sqlite", [] { return std::make_unique<SqliteUnderTest>(); }}),
+                         testing::Values(Implementation{"System", [] { return std::make_unique<SystemUnderTest>(); }}),
                          [](const auto& parameter) { return parameter.param.name; });

@@ -1,5 +1,7 @@
 // What the file-backed registry does when its files are damaged, locked, read-only or out of space.
+#include "platform/registry/RegistrySqlite.h"
 #include "support/InChild.h"
+#include "support/TemporaryDirectory.h"
 #include "support/TemporaryRegistry.h"
 
 #include <sqlite3.h>

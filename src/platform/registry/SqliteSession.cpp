@@ -1,4 +1,4 @@
-#include "platform/registry/HiveSession.h"
+#include "platform/registry/SqliteSession.h"
 
 #include "platform/registry/RegistryNames.h"
 
@@ -7,13 +7,13 @@
 #include <exception>
 #include <utility>
 
-HiveSession::HiveSession(std::unique_ptr<HiveConnection> connection, Access access, GiveBack giveBack)
+SqliteSession::SqliteSession(std::unique_ptr<HiveConnection> connection, Access access, GiveBack giveBack)
     : connection_(std::move(connection)), access_(access), giveBack_(std::move(giveBack)) {
     connection_->Run(MayWrite() ? HiveQuery::BeginImmediate : HiveQuery::Begin);
     open_ = true;
 }
 
-HiveSession::~HiveSession() {
+SqliteSession::~SqliteSession() {
     try {
         if (open_ && connection_->InTransaction())
             connection_->Run(HiveQuery::Rollback);
@@ -24,7 +24,7 @@ HiveSession::~HiveSession() {
     }
 }
 
-std::optional<KeyId> HiveSession::FindSubKey(KeyId parent, std::string_view name) {
+std::optional<KeyId> SqliteSession::FindSubKey(KeyId parent, std::string_view name) {
     CheckKeyName(name, RegistryErrorNumber::OpenKey);
     const std::string folded = FoldedName(name);
     const auto find = connection_->Prepared(HiveQuery::FindKey);
@@ -33,7 +33,7 @@ std::optional<KeyId> HiveSession::FindSubKey(KeyId parent, std::string_view name
     return find->Number(0);
 }
 
-std::optional<KeyId> HiveSession::FindFolder(std::string_view path) {
+std::optional<KeyId> SqliteSession::FindFolder(std::string_view path) {
     if (folder_ && folderPath_ == path)
         return folder_;
     std::optional<KeyId> key = HiveKey;
@@ -47,7 +47,7 @@ std::optional<KeyId> HiveSession::FindFolder(std::string_view path) {
     return key;
 }
 
-std::optional<KeyId> HiveSession::FindKey(std::string_view path) {
+std::optional<KeyId> SqliteSession::FindKey(std::string_view path) {
     const CutPath cut = CutLastName(path);
     if (cut.name.empty())
         return HiveKey;
@@ -55,7 +55,7 @@ std::optional<KeyId> HiveSession::FindKey(std::string_view path) {
     return folder ? FindSubKey(*folder, cut.name) : std::nullopt;
 }
 
-KeyId HiveSession::MakeKey(std::string_view path) {
+KeyId SqliteSession::MakeKey(std::string_view path) {
     PrepareToWrite();
     KeyId key = HiveKey;
     for (const std::string_view name : PathNames(path)) {
@@ -71,7 +71,7 @@ KeyId HiveSession::MakeKey(std::string_view path) {
     return key;
 }
 
-std::shared_ptr<const KeyNames> HiveSession::SubKeys(KeyId key) {
+std::shared_ptr<const KeyNames> SqliteSession::SubKeys(KeyId key) {
     auto names = std::make_shared<KeyNames>();
     const auto list = connection_->Prepared(HiveQuery::SubKeys);
     list->Bind(1, key);
@@ -80,7 +80,7 @@ std::shared_ptr<const KeyNames> HiveSession::SubKeys(KeyId key) {
     return names;
 }
 
-std::shared_ptr<const StoredValues> HiveSession::Values(KeyId key) {
+std::shared_ptr<const StoredValues> SqliteSession::Values(KeyId key) {
     if (values_ && valuesOf_ == key)
         return values_;
     auto values = std::make_shared<StoredValues>();
@@ -94,7 +94,7 @@ std::shared_ptr<const StoredValues> HiveSession::Values(KeyId key) {
     return values;
 }
 
-void HiveSession::PutValue(KeyId key, const RegistryValue& value) {
+void SqliteSession::PutValue(KeyId key, const RegistryValue& value) {
     CheckValueName(value.name, RegistryErrorNumber::WriteValue);
     if (RegistryType::IsText(value.type))
         CheckText(value.data, RegistryErrorNumber::WriteValue);
@@ -105,7 +105,7 @@ void HiveSession::PutValue(KeyId key, const RegistryValue& value) {
     put->BindBytes(5, value.data).Step();
 }
 
-bool HiveSession::DropValue(KeyId key, std::string_view name) {
+bool SqliteSession::DropValue(KeyId key, std::string_view name) {
     CheckValueName(name, RegistryErrorNumber::WriteValue);
     PrepareToWrite();
     const std::string folded = FoldedName(name);
@@ -113,18 +113,18 @@ bool HiveSession::DropValue(KeyId key, std::string_view name) {
     return connection_->ChangedRows() > 0;
 }
 
-void HiveSession::DropKey(KeyId key) {
+void SqliteSession::DropKey(KeyId key) {
     PrepareToWrite();
     connection_->Prepared(HiveQuery::DropValuesBelow)->Bind(1, key).Step();
     connection_->Prepared(HiveQuery::DropKeysBelow)->Bind(1, key).Step();
 }
 
-void HiveSession::Commit() {
+void SqliteSession::Commit() {
     connection_->Run(HiveQuery::Commit);
     open_ = false;
 }
 
-void HiveSession::PrepareToWrite() {
+void SqliteSession::PrepareToWrite() {
     // Without this the rest of a broken sequence would be written piece by piece.
     if (!connection_->InTransaction())
         throw SqliteError(SQLITE_ABORT, "an earlier operation of this sequence failed");

@@ -1,15 +1,13 @@
 #include "platform/registry/Hives.h"
 #include "platform/registry/RegistryNames.h"
-#include "platform/registry/RegistrySqlite.h"
 
 #include <algorithm>
 
 namespace {
 
-class SqliteTree final : public RegistryTree {
+class HiveTree final : public RegistryTree {
 public:
-    SqliteTree(const HiveFiles& files, std::chrono::milliseconds lockLimit)
-        : hives_(files, lockLimit), sessions_(hives_) {}
+    explicit HiveTree(Hives hives) : hives_(std::move(hives)), sessions_(hives_) {}
 
     [[nodiscard]] bool HasKey(RegistryRoot root, std::string_view path) override {
         return Find(root, path).has_value();
@@ -47,7 +45,7 @@ private:
     HiveSessions sessions_;
 };
 
-std::vector<std::string> SqliteTree::SubKeys(RegistryRoot root, std::string_view path) {
+std::vector<std::string> HiveTree::SubKeys(RegistryRoot root, std::string_view path) {
     const auto key = Find(root, path);
     if (!key)
         return {};
@@ -55,7 +53,7 @@ std::vector<std::string> SqliteTree::SubKeys(RegistryRoot root, std::string_view
                                    [&] { return *sessions_.Reading(root).SubKeys(*key); });
 }
 
-std::vector<RegistryValue> SqliteTree::Values(RegistryRoot root, std::string_view path) {
+std::vector<RegistryValue> HiveTree::Values(RegistryRoot root, std::string_view path) {
     const auto stored = Stored(root, path);
     std::vector<RegistryValue> values;
     values.reserve(stored->size());
@@ -64,27 +62,27 @@ std::vector<RegistryValue> SqliteTree::Values(RegistryRoot root, std::string_vie
     return values;
 }
 
-std::optional<RegistryValue> SqliteTree::Value(RegistryRoot root, std::string_view path, std::string_view name) {
+std::optional<RegistryValue> HiveTree::Value(RegistryRoot root, std::string_view path, std::string_view name) {
     CheckValueName(name, RegistryErrorNumber::ReadKey);
     const auto stored = Stored(root, path);
     const auto found = std::ranges::find(*stored, FoldedName(name), &StoredValue::folded);
     return found == stored->end() ? std::nullopt : std::optional(found->value);
 }
 
-void SqliteTree::SetValue(RegistryRoot root, std::string_view path, const RegistryValue& value) {
+void HiveTree::SetValue(RegistryRoot root, std::string_view path, const RegistryValue& value) {
     const KeyId key = Make(root, path);
     hives_.Of(root).Attempt(RegistryErrorNumber::WriteValue,
                             [&] { sessions_.Writing(root, RegistryErrorNumber::WriteValue).PutValue(key, value); });
 }
 
-bool SqliteTree::DeleteValue(RegistryRoot root, std::string_view path, std::string_view name) {
+bool HiveTree::DeleteValue(RegistryRoot root, std::string_view path, std::string_view name) {
     HiveSession& session = sessions_.Writing(root, RegistryErrorNumber::WriteValue);
     const auto key = Find(root, path);
     return key &&
            hives_.Of(root).Attempt(RegistryErrorNumber::WriteValue, [&] { return session.DropValue(*key, name); });
 }
 
-bool SqliteTree::DeleteKey(RegistryRoot root, std::string_view path) {
+bool HiveTree::DeleteKey(RegistryRoot root, std::string_view path) {
     if (PathNames(path).empty())
         throw RegistryError(RegistryErrorNumber::DeleteKey, "A whole hive cannot be deleted. Delete keys in it.");
     HiveSession& session = sessions_.Writing(root, RegistryErrorNumber::DeleteKey);
@@ -96,10 +94,6 @@ bool SqliteTree::DeleteKey(RegistryRoot root, std::string_view path) {
 
 } // namespace
 
-std::unique_ptr<RegistryTree> OpenSqliteTree(const HiveFiles& files, std::chrono::milliseconds lockLimit) {
-    return std::make_unique<SqliteTree>(files, lockLimit);
-}
-
-std::unique_ptr<RegistryTree> OpenSystemRegistryTree() {
-    return OpenSqliteTree(SystemHiveFiles());
+std::unique_ptr<RegistryTree> MakeTree(Hives hives) {
+    return std::make_unique<HiveTree>(std::move(hives));
 }
