@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QScreen>
 
 int RunLaneWindow(int argc, char* argv[], const LaneArguments& arguments) {
     const QApplication application(argc, argv);
@@ -18,6 +19,8 @@ int RunLaneWindow(int argc, char* argv[], const LaneArguments& arguments) {
     for (const std::string& command : arguments.commands) {
         window.Execute(QString::fromStdString(command));
     }
+    // In a corner, since the administrator takes the middle of the screen.
+    window.move(window.screen()->availableGeometry().topLeft());
     window.show();
     return QApplication::exec();
 }
