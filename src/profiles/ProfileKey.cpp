@@ -44,7 +44,7 @@ void SaveProfile(Registry& registry, const std::string& folder, const std::strin
 std::string InstanceDescription() {
     const std::time_t now = std::time(nullptr);
     char text[64] = "";
-    std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S",
-                  std::localtime(&now)); // NOLINT(concurrency-mt-unsafe): one thread
+    const std::tm* local = std::localtime(&now); // NOLINT(concurrency-mt-unsafe): one thread
+    (void)std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", local);
     return std::string("Tavrin Device Instance, created ") + text;
 }

@@ -75,7 +75,7 @@ std::optional<std::u32string> DecodeUtf16(std::u16string_view text) {
         const bool pair = unit < 0xDC00 && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] <= 0xDFFF;
         if (!pair)
             return std::nullopt;
-        codePoints += 0x10000 + ((unit - 0xD800) << 10) + (text[++i] - char32_t{0xDC00});
+        codePoints += static_cast<char32_t>(0x10000 + ((unit - 0xD800) << 10) + (text[++i] - 0xDC00));
     }
     return codePoints;
 }

@@ -241,7 +241,7 @@ void ModifyProfileView::cmdExistingSave_Click() {
 }
 
 std::shared_ptr<CDevice> ModifyProfileView::UpdateScanner(const QString& name) {
-    const std::shared_ptr<CDevice> device = services_.devices.Item(DeviceClass::Scanner, name);
+    std::shared_ptr<CDevice> device = services_.devices.Item(DeviceClass::Scanner, name);
     rules_.ApplySettings(dynamic_cast<CGenericScanner&>(*device));
     return device;
 }

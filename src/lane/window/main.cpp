@@ -28,7 +28,7 @@ int RunHeadless(const LaneArguments& arguments) {
 
 int main(int argc, char* argv[]) {
     // Whoever reads the answers may go first; the ports are still to be taken away.
-    std::signal(SIGPIPE, SIG_IGN);
+    (void)std::signal(SIGPIPE, SIG_IGN);
     try {
         const LaneArguments arguments = ParseLaneArguments({argv + 1, argv + argc});
         if (arguments.help) {

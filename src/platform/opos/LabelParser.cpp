@@ -80,8 +80,8 @@ bool IsDigit(char character) {
 char CheckDigit(std::string_view digits) {
     int sum = 0;
     int weight = 3;
-    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
-        sum += (*digit - '0') * weight;
+    for (std::size_t i = digits.size(); i > 0; --i) {
+        sum += (digits[i - 1] - '0') * weight;
         weight = 4 - weight;
     }
     return static_cast<char>('0' + (10 - sum % 10) % 10);

@@ -15,7 +15,7 @@ Path Variable(const char* name) {
 
 // The base directory that variable names; a relative one counts as unset.
 Path BaseDirectory(const char* variable, const char* underHome) {
-    const Path named = Variable(variable);
+    Path named = Variable(variable);
     if (named.is_absolute())
         return named;
     const Path home = Variable("HOME");

@@ -11,7 +11,7 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds Slice{15};
 // What a device may send while nobody reads; the rest is lost, as in a full receive buffer.
-constexpr std::size_t UnreadLimit = 64 * 1024;
+constexpr std::size_t UnreadLimit = std::size_t{64} * 1024;
 
 } // namespace
 
@@ -71,9 +71,7 @@ void BlockingSerialLine::DropUnreadInput() {
 
 void BlockingSerialLine::RaiseFailure() {
     if (failure_) {
-        const SerialError failure = *failure_;
-        failure_.reset();
-        throw failure;
+        throw SerialError(*std::exchange(failure_, std::nullopt));
     }
     if (!line_.IsOpen()) {
         throw SerialError::Lost(port_);

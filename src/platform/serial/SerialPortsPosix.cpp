@@ -14,7 +14,7 @@ constexpr int LastPort = 32767;
 constexpr std::string_view Prefix = "COM";
 
 std::string Environment(const char* name) {
-    const char* value = std::getenv(name);
+    const char* value = std::getenv(name); // NOLINT(concurrency-mt-unsafe): nobody sets it meanwhile
     return value != nullptr ? value : "";
 }
 
