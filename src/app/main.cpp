@@ -31,7 +31,8 @@ int main(int argc, char** argv) {
     QtEventDispatcher dispatcher;
     const std::unique_ptr<OposControls> controls = OpenSystemControls(*registry, dispatcher);
     frmMain mainWindow({.registry = *registry, .controls = *controls, .makeSerlink = SystemSerlink(), .help = *help});
-    previous.ListenForLater([&mainWindow] { mainWindow.ComeForward(); });
+    previous.ListenForLater(QCoreApplication::applicationName().toStdString(), mainWindow.winId(),
+                            [&mainWindow] { mainWindow.ComeForward(); });
     mainWindow.Form_Load(commandLine.showLogLevel);
     mainWindow.show();
     return QApplication::exec();

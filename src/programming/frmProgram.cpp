@@ -1,5 +1,6 @@
 #include "programming/frmProgram.h"
 
+#include "platform/window/SystemMenu.h"
 #include "programming/InputBlock.h"
 #include "programming/Serlink.h"
 #include "ui_frmProgram.h"
@@ -150,6 +151,12 @@ void frmProgram::cmdClose_Click() {
 }
 
 // Escape arrives here too: it closes a dialog.
+void frmProgram::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (!std::exchange(systemMenuCut_, true))
+        RemoveCloseFromSystemMenu(winId());
+}
+
 void frmProgram::closeEvent(QCloseEvent* event) {
     if (sessionRunning_)
         event->ignore();

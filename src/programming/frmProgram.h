@@ -52,6 +52,7 @@ signals:
     void ProgramComplete();
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
@@ -67,4 +68,5 @@ private:
     std::unique_ptr<Ui::frmProgram> ui_;
     Services services_;
     bool sessionRunning_ = false;
+    bool systemMenuCut_ = false;
 };

@@ -88,7 +88,7 @@ TEST(Architecture, LowerFoldersDoNotKnowHigherOnes) {
     const std::map<std::string, std::vector<std::string>> below = {
         {"profiles", {}},
         {"opos", {"profiles"}},
-        {"programming", {"profiles", "widgets"}},
+        {"programming", {"platform/window", "profiles", "widgets"}},
         {"widgets", {"profiles"}},
         {"dialogs", {"opos", "profiles", "widgets"}},
         {"wizard", {"opos", "profiles", "programming", "widgets"}},

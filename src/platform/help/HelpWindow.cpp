@@ -1,5 +1,5 @@
-// The help in a window of the program's own, for systems without a help viewer.
-#include "platform/help/HelpViewer.h"
+#include "platform/help/HelpWindow.h"
+
 #include "platform/help/frmHelp.h"
 
 #include <QWindow>
@@ -39,6 +39,6 @@ private:
 
 } // namespace
 
-std::unique_ptr<HelpViewer> CreateHelpViewer() {
+std::unique_ptr<HelpViewer> CreateHelpWindow() {
     return std::make_unique<HelpWindow>();
 }

@@ -48,7 +48,7 @@ bool PreviousInstance::IsRunning() {
     return private_->lock_.error() == QLockFile::LockFailedError;
 }
 
-bool PreviousInstance::BringForward() {
+bool PreviousInstance::BringForward(const std::string& /*title*/) {
     QLocalSocket socket;
     socket.connectToServer(private_->socketName_);
     if (!socket.waitForConnected(AnswerLimitMs))
@@ -58,7 +58,8 @@ bool PreviousInstance::BringForward() {
            socket.readAll() == Answer;
 }
 
-void PreviousInstance::ListenForLater(std::function<void()> comeForward) {
+void PreviousInstance::ListenForLater(const std::string& /*title*/, std::uintptr_t /*mainWindow*/,
+                                      std::function<void()> comeForward) {
     QLocalServer& server = private_->server_;
     QLocalServer::removeServer(private_->socketName_); // left by an instance that died
     server.setSocketOptions(QLocalServer::UserAccessOption);
