@@ -1,6 +1,6 @@
 // The OPOS common control objects that are installed on this system.
 #include "opos/OposControls.h"
-#include "platform/opos/ComDevice.h"
+#include "platform/opos/ComControl.h"
 
 #include <objbase.h>
 
