@@ -1,9 +1,9 @@
-# ravlin_windows_program(NAME DESCRIPTION [ICON]): gives a program its manifest and version and, with ICON, Ravlin's icon,
-# and strips it. It needs no file beside it.
+# ravlin_windows_program(NAME DESCRIPTION RIGHTS [ICON]): gives a program its manifest and version and, with ICON, Ravlin's
+# icon, and strips it. RIGHTS is what it asks the system for: asInvoker or highestAvailable.
 enable_language(RC)
 find_program(ICOTOOL icotool NO_CMAKE_FIND_ROOT_PATH DOC "Makes icons of PNG files (package icoutils on Debian)")
 
-function(ravlin_windows_program name description)
+function(ravlin_windows_program name description rights)
     set(manifest ${CMAKE_CURRENT_BINARY_DIR}/${name}.manifest)
     set(icon)
     if("ICON" IN_LIST ARGN)
