@@ -1,10 +1,12 @@
-// By a named mutex, and a hidden top window that owns the main window: windows stand before the one that owns them, so
-// that a later instance finds the main window before the hidden one.
+// By a named mutex, and a hidden top window that always stands right behind the main window: a later instance finds the
+// hidden one by its class and title, and the main window as the one before it.
 #include "platform/instance/PreviousInstance.h"
 
 #include <array>
 
 #include <windows.h>
+
+#include <commctrl.h>
 
 namespace {
 
@@ -23,18 +25,37 @@ HWND FindTopWindow(const std::string& title) {
     return nullptr;
 }
 
+void StandBehind(HWND top, HWND window) {
+    SetWindowPos(top, window, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
+}
+
+constexpr UINT_PTR FollowerId = 1;
+
+// Looks over the main window's shoulder: wherever it goes in the order of windows, the hidden one follows.
+LRESULT CALLBACK Follow(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR id, DWORD_PTR top) {
+    const LRESULT result = DefSubclassProc(window, message, first, second);
+    if (message == WM_WINDOWPOSCHANGED && (reinterpret_cast<const WINDOWPOS*>(second)->flags & SWP_NOZORDER) == 0)
+        StandBehind(reinterpret_cast<HWND>(top), window);
+    else if (message == WM_NCDESTROY)
+        RemoveWindowSubclass(window, Follow, id);
+    return result;
+}
+
 } // namespace
 
 class PreviousInstance::Private {
 public:
     ~Private() {
-        if (top_ != nullptr)
-            DestroyWindow(top_);
+        if (top_ == nullptr)
+            return;
+        RemoveWindowSubclass(window_, Follow, FollowerId);
+        DestroyWindow(top_);
     }
 
     std::unique_ptr<void, CloseObject> mutex_;
     bool running_ = false;
     HWND top_ = nullptr;
+    HWND window_ = nullptr;
 };
 
 PreviousInstance::PreviousInstance() : private_(std::make_unique<Private>()) {}
@@ -72,10 +93,8 @@ void PreviousInstance::ListenForLater(const std::string& title, std::uintptr_t m
     private_->top_ = CreateWindowExA(0, TopWindowClasses.back(), title.c_str(), WS_POPUP, 0, 0, 0, 0, nullptr, nullptr,
                                      program, nullptr);
     if (private_->top_ == nullptr)
-        return; // a later instance then starts on its own
-    // A number is how the rest of the program knows a window.
-    const auto window = reinterpret_cast<HWND>(mainWindow);
-    SetWindowLongPtrA(window, GWLP_HWNDPARENT, static_cast<LONG_PTR>(reinterpret_cast<std::uintptr_t>(private_->top_)));
-    // An owned window has a button on the task bar only when it asks for it.
-    SetWindowLongPtrA(window, GWL_EXSTYLE, GetWindowLongPtrA(window, GWL_EXSTYLE) | WS_EX_APPWINDOW);
+        return;                                             // a later instance then starts on its own
+    private_->window_ = reinterpret_cast<HWND>(mainWindow); // a number is how the rest of the program knows a window
+    StandBehind(private_->top_, private_->window_);
+    SetWindowSubclass(private_->window_, Follow, FollowerId, reinterpret_cast<DWORD_PTR>(private_->top_));
 }
