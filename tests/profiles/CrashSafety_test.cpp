@@ -1,6 +1,6 @@
 // A profile is the old one or the new one, whole, whatever happens to the program that saves it.
-#include "profiles/CScanner2.h"
 #include "platform/registry/RegistrySqlite.h"
+#include "profiles/CScanner2.h"
 #include "support/TemporaryRegistry.h"
 
 #include <fcntl.h>
