@@ -1,6 +1,6 @@
 #include "profiles/CScanner2.h"
 
-#include "profiles/ModelTables.h"
+#include "profiles/ModelCatalogue.h"
 #include "profiles/ProfileKey.h"
 #include "profiles/RegistryPaths.h"
 

@@ -2,7 +2,7 @@
 
 #include "profiles/CGenericScale.h"
 #include "profiles/CGenericScanner.h"
-#include "profiles/ModelTables.h"
+#include "profiles/ModelCatalogue.h"
 #include "profiles/Numbers.h"
 #include "profiles/OptionLists.h"
 #include "widgets/DropDownList.h"

@@ -3,7 +3,7 @@
 #include "profiles/CAveryScale.h"
 #include "profiles/CScale2.h"
 #include "profiles/CScanner2.h"
-#include "profiles/ModelTables.h"
+#include "profiles/ModelCatalogue.h"
 #include "profiles/Numbers.h"
 #include "profiles/OptionLists.h"
 #include "wizard/WizardPages.h"

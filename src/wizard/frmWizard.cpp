@@ -2,7 +2,7 @@
 
 #include "profiles/CGenericScale.h"
 #include "profiles/CGenericScanner.h"
-#include "profiles/ModelTables.h"
+#include "profiles/ModelCatalogue.h"
 #include "profiles/ZeroWeight.h"
 #include "ui_frmWizard.h"
 #include "widgets/MessageBox.h"

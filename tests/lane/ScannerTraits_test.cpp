@@ -1,7 +1,6 @@
 #include "lane/ScannerTraits.h"
 
 #include "profiles/ModelCatalogue.h"
-#include "profiles/ModelTables.h"
 
 #include <gtest/gtest.h>
 

@@ -1,20 +1,31 @@
+#include "profiles/ModelCatalogue.h"
+
+#include <QDir>
 #include <QImage>
 #include <QString>
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <set>
 #include <vector>
 
 namespace {
 
-constexpr int firstPicture = 1000;
-constexpr int lastPicture = 1025;
 constexpr QSize pictureSize{240, 180};
 constexpr int densities[] = {1, 2, 3};
 
 QString ResourcePath(const QString& name, int density) {
     return density == 1 ? QString(":/%1.png").arg(name) : QString(":/%1@%2x.png").arg(name).arg(density);
+}
+
+// The ids of the pictures of devices, in ascending order.
+std::vector<int> PictureIds() {
+    std::vector<int> ids;
+    for (const QString& file : QDir(":/pictures").entryList({"*.png"}, QDir::Files, QDir::Name))
+        if (!file.contains('@'))
+            ids.push_back(file.chopped(4).toInt());
+    return ids;
 }
 
 QImage Load(const QString& path) {
@@ -72,20 +83,28 @@ void ExpectIcon(const QString& name, int size) {
 
 } // namespace
 
+TEST(Pictures, AreThereForEveryModelAndNoOther) {
+    std::set<int> wanted = {ScalePictureId};
+    for (const CatalogueEntry& model : ModelCatalogue)
+        wanted.insert(model.pictureId);
+    const std::vector<int> ids = PictureIds();
+    EXPECT_EQ(std::set<int>(ids.begin(), ids.end()), wanted);
+}
+
 TEST(Pictures, ExistAtEveryDensity) {
-    for (int id = firstPicture; id <= lastPicture; ++id)
+    for (const int id : PictureIds())
         for (const int density : densities)
             EXPECT_EQ(LoadPicture(id, density).size(), pictureSize * density) << id << " at " << density;
 }
 
 TEST(Pictures, ShowADevice) {
-    for (int id = firstPicture; id <= lastPicture; ++id)
+    for (const int id : PictureIds())
         for (const int density : densities)
             EXPECT_GT(OpaqueShare(LoadPicture(id, density)), 0.08) << id << " at " << density;
 }
 
 TEST(Pictures, AreTransparentAroundTheDevice) {
-    for (int id = firstPicture; id <= lastPicture; ++id) {
+    for (const int id : PictureIds()) {
         const QImage picture = LoadPicture(id, 1);
         EXPECT_LT(OpaqueShare(picture), 0.75) << id;
         EXPECT_FALSE(IsCutOff(picture)) << id;
@@ -93,13 +112,13 @@ TEST(Pictures, AreTransparentAroundTheDevice) {
 }
 
 TEST(Pictures, AllLookDifferent) {
+    const std::vector<int> ids = PictureIds();
     std::vector<QImage> pictures;
-    for (int id = firstPicture; id <= lastPicture; ++id)
+    for (const int id : ids)
         pictures.push_back(LoadPicture(id, 1));
     for (std::size_t one = 0; one < pictures.size(); ++one)
         for (std::size_t other = one + 1; other < pictures.size(); ++other)
-            EXPECT_GT(DifferentShare(pictures[one], pictures[other]), 0.1)
-                << firstPicture + static_cast<int>(one) << " and " << firstPicture + static_cast<int>(other);
+            EXPECT_GT(DifferentShare(pictures[one], pictures[other]), 0.1) << ids[one] << " and " << ids[other];
 }
 
 TEST(Icons, OfTheListBarExistAtEveryDensity) {

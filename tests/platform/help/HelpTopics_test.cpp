@@ -1,5 +1,6 @@
 // The topics themselves: nothing dangles, nothing is out of reach.
 #include "platform/help/HelpBook.h"
+#include "profiles/ModelCatalogue.h"
 
 #include <QDir>
 #include <QFile>
@@ -115,4 +116,10 @@ TEST(HelpTopics, EveryResultCodeAndOpenResultIsExplained) {
     EXPECT_TRUE(HasPlace("result-codes", "c0"));
     for (const int code : {0, 300, 301, 302, 303, 304, 305, 306, 307, 400, 401, 402, 403, 450})
         EXPECT_TRUE(HasPlace("open-results", 'c' + QString::number(code))) << code;
+}
+
+TEST(HelpTopics, OfTheModelsNamesEachOfThem) {
+    const QString models = Html("models");
+    for (const CatalogueEntry& model : ModelCatalogue)
+        EXPECT_TRUE(models.contains(QString::fromStdString(std::string(model.label)).toHtmlEscaped())) << model.label;
 }
