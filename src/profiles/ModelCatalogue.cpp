@@ -8,7 +8,8 @@ namespace {
 constexpr CatalogueEntry RetiredModel = {"Trek 3/4/5", 0, {2, 2}, {"Trek-3", "Trek-4", "Trek-5"}};
 
 // The first model, retired ones last, that suits; null where none does.
-template <typename Predicate> const CatalogueEntry* FindModel(Predicate suits) {
+template<typename Predicate>
+const CatalogueEntry* FindModel(Predicate suits) {
     const auto* const row = std::ranges::find_if(ModelCatalogue, suits);
     if (row != ModelCatalogue.end())
         return row;

@@ -2,6 +2,7 @@
 
 #include "profiles/CScale2.h"
 #include "profiles/CScanner2.h"
+#include "profiles/ModelCatalogue.h"
 #include "views/ModifyProfilePage.h"
 
 #include <QLabel>
@@ -18,7 +19,7 @@ TEST_F(ModifyProfile, OffersTheSameOptionsAsANewProfile) {
         EXPECT_EQ(Items(List(QString("lstExistingScaleWeightUnit") + element)), QStringList({"English", "Metric"}));
         EXPECT_EQ(Items(List(QString("lstExistingScaleDisplay") + element)), QStringList({"No", "Yes"}));
     }
-    EXPECT_EQ(List("lstExistingModelNumber").ListCount(), 29);
+    EXPECT_EQ(List("lstExistingModelNumber").ListCount(), static_cast<int>(ModelCatalogue.size()));
 }
 
 TEST_F(ModifyProfile, LabelsNameTheControlsThatFollowThem) {

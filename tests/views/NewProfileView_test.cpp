@@ -9,7 +9,7 @@ TEST_F(NewProfile, OffersTheOptionsInTheirOrder) {
         EXPECT_EQ(Items(List(QString("lstNewScaleWeightUnit") + element)), QStringList({"English", "Metric"}));
         EXPECT_EQ(Items(List(QString("lstNewScaleDisplay") + element)), QStringList({"No", "Yes"}));
     }
-    EXPECT_EQ(List("lstNewModelNumber").ListCount(), 29);
+    EXPECT_EQ(List("lstNewModelNumber").ListCount(), static_cast<int>(ModelCatalogue.size()));
     EXPECT_EQ(List("lstNewComPort").ListCount(), 64);
     EXPECT_EQ(List("lstNewComPort").itemText(0), "COM1");
     EXPECT_EQ(List("lstNewComPort").itemText(63), "COM64");
