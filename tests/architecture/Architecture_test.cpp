@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
 #include <functional>
+#include <iterator>
 #include <regex>
 #include <set>
 
@@ -147,4 +149,13 @@ TEST(Architecture, EveryHeaderSaysWhatItIsForAndIsIncludedOnce) {
 
 TEST(Architecture, NothingIsLeftForLater) {
     EXPECT_EQ(LinesMatching("TODO|FIXME|XXX", [](const SourceFile&) { return false; }), "");
+}
+
+TEST(Architecture, PictureShowsEveryFolder) {
+    std::ifstream file(std::string(RAVLIN_SOURCE_DIR) + "/docs/images/architecture.svg");
+    const std::string picture((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    for (const SourceFile& source : Sources()) {
+        const std::string name = source.folder.substr(source.folder.rfind('/') + 1);
+        EXPECT_TRUE(std::regex_search(picture, std::regex("[>/ ]" + name + "[<, ]"))) << source.folder;
+    }
 }
