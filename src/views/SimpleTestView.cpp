@@ -78,10 +78,10 @@ void SimpleTestView::RunTrapped(OposControl& device, const std::function<void()>
         begin();
     } catch (const std::exception& error) {
         // The scanner's result code, also where the scale failed.
-        MsgBox(
-            this,
-            QStringLiteral("%1\r\nResult Code: %2").arg(QString::fromUtf8(error.what())).arg(simpleScan_->ResultCode()),
-            MsgBoxButtons::Ok, "OPOS Error");
+        MsgBox(this,
+               QStringLiteral("%1\r\nResult Code: %2")
+                   .arg(QString::fromUtf8(error.what()), QString::number(simpleScan_->ResultCode())),
+               MsgBoxButtons::Ok, "OPOS Error");
         device.Close();
     }
 }

@@ -148,6 +148,14 @@ TEST_F(SimpleTest, AProfileThatIsNotHeldEndsInTheSameMessage) {
     EXPECT_TRUE(ScannerIdle());
 }
 
+TEST_F(SimpleTest, AMessageNamesAProfileAsItStands) {
+    page_.NameLists()[0]->AddItem("100%2");
+    Choose(c_.List("lstSimpleDeviceName_0"), "100%2");
+    const ExpectBox box("OPOS Error", "Invalid procedure call or argument (there is no Scanner profile 100%2)\r\n"
+                                      "Result Code: 0");
+    c_.Press("cmdSimpleScannerBegin");
+}
+
 TEST_F(SimpleTest, BeginWithoutAProfileIsAFailedOpen) {
     for (DropDownList* list : page_.NameLists())
         list->SetListIndex(-1);
