@@ -8,6 +8,7 @@ struct Lane::Station {
     std::unique_ptr<VirtualPort> line; // none while unplugged
     std::unique_ptr<VirtualScanner> scanner;
     std::unique_ptr<VirtualScale> scale;
+    bool scaleIsBuiltIn = true; // into the scanner, if it has one
     bool muted = false;
 
     void Send(const std::string& bytes) const {
@@ -40,12 +41,18 @@ void Lane::PutScanner(int port, int programmingClass, const std::string& firmwar
                                                     VirtualScanner::Surroundings{.send = Sender(port),
                                                                                  .report = Reporter(port),
                                                                                  .preparation = options_.preparation});
-    Prepare(port).scanner = std::move(scanner);
+    Station& station = Prepare(port);
+    if (station.scaleIsBuiltIn) {
+        station.scale = scanner->HasScale() ? MakeScale(port) : nullptr;
+    }
+    station.scanner = std::move(scanner);
     Reporter(port)("got a scanner of class " + std::to_string(programmingClass));
 }
 
 void Lane::PutScale(int port) {
-    Prepare(port).scale = std::make_unique<VirtualScale>(Sender(port), Reporter(port));
+    Station& station = Prepare(port);
+    station.scale = MakeScale(port);
+    station.scaleIsBuiltIn = false;
     Reporter(port)("got a scale");
 }
 
@@ -187,6 +194,10 @@ void Lane::PlugIn(int port, Station& station) {
     station.line = std::make_unique<VirtualPort>(context_, options_.directory, port, std::move(handlers));
     station.line->Pace(options_.paced);
     Reporter(port)("was plugged in");
+}
+
+std::unique_ptr<VirtualScale> Lane::MakeScale(int port) const {
+    return std::make_unique<VirtualScale>(Sender(port), Reporter(port));
 }
 
 // By number, not by address: a device may be made before its station.

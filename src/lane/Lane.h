@@ -45,7 +45,8 @@ public:
     Lane& operator=(const Lane&) = delete;
 
     // Puts the device on the port, beside the other kind where there is one: then both share the line. A device of the
-    // same kind is replaced. On a port that is unplugged the device comes alone and is plugged in.
+    // same kind is replaced. On a port that is unplugged the device comes alone and is plugged in. A scanner with a
+    // scale built in brings it along, unless there is a scale of its own, and takes it away again.
     void PutScanner(int port, int programmingClass, const std::string& firmware);
     void PutScale(int port);
 
@@ -74,6 +75,7 @@ private:
     [[nodiscard]] VirtualScanner& ScannerAt(int port) const;
     [[nodiscard]] VirtualScale& ScaleAt(int port) const;
     void PlugIn(int port, Station& station);
+    [[nodiscard]] std::unique_ptr<VirtualScale> MakeScale(int port) const;
     [[nodiscard]] std::function<void(const std::string&)> Sender(int port) const;
     [[nodiscard]] std::function<void(const std::string&)> Reporter(int port) const;
 

@@ -187,7 +187,8 @@ std::string ExecuteLaneCommand(Lane& lane, const std::string& line) {
 }
 
 bool IsQuit(const std::string& line) {
-    return Words(line).Next() == "quit";
+    Words words(line);
+    return words.Next() == "quit" && words.Next().empty();
 }
 
 std::string LaneCommandHelp() {

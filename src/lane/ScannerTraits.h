@@ -13,6 +13,7 @@ struct ScannerTraits {
     bool sendsAtOnce;    // its configuration, when it is woken; the others are asked by PM
     std::string_view prefix;
     bool takesApm;
+    bool hasScale;         // built in, on the scanner's line
     std::size_t blockSize; // bytes
     std::string_view firmware;
     std::string_view description;

@@ -36,6 +36,8 @@ public:
 
     [[nodiscard]] int ProgrammingClass() const { return programmingClass_; }
     [[nodiscard]] const std::string& Firmware() const { return firmware_; }
+    // Whether a scale is built in.
+    [[nodiscard]] bool HasScale() const { return traits_.hasScale; }
     // The stored configuration block in upper-case hexadecimal digits.
     [[nodiscard]] const std::string& Block() const { return block_; }
 

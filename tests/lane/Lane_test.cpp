@@ -98,6 +98,29 @@ TEST_F(LaneTest, SharesOneLineBetweenScannerAndScale) {
     EXPECT_EQ(ReadCount(line, 2), "\x06\x06");
 }
 
+TEST_F(LaneTest, ScannersWithAScaleBuiltInWeighOnTheirOwnLine) {
+    for (const char* programmingClass : {"16", "17", "31", "32", "47"}) {
+        Do(std::string("scanner 1 ") + programmingClass);
+        BlockingSerialLine line;
+        line.Open(1);
+        Do("weight 1 1.235 kg");
+        line.Write("W", 1s);
+        EXPECT_EQ(ReadCount(line, 8), "\x02"
+                                      "01.235\r");
+    }
+}
+
+TEST_F(LaneTest, BuiltInScaleGoesWithItsScannerAndOneOfItsOwnStays) {
+    Do("scanner 1 17");
+    Do("scanner 1 3");
+    Refuses("weight 1 1 kg", "no scale at COM1");
+    Do("scale 1");
+    Do("weight 1 1 kg");
+    Do("scanner 1 17");
+    Do("scanner 1 3");
+    EXPECT_EQ(lane_.State().at(0).weight, "1.000 kg");
+}
+
 TEST_F(LaneTest, SendsLabelsAsTheyAreGiven) {
     Do("scanner 1 16");
     BlockingSerialLine line;
@@ -242,8 +265,9 @@ TEST_F(LaneTest, AnswersBadCommands) {
     Refuses("scan 1 x", "nothing at COM1");
     Refuses("quit now", "too much");
     EXPECT_TRUE(lane_.State().empty());
-    Do("scanner 1 33");
+    Do("scanner 1 3");
     Refuses("weight 1 1 kg", "no scale at COM1");
+    Refuses("unstable 1", "no scale at COM1");
     Do("scale 1");
     Refuses("weight 1", "the weight is missing");
     Refuses("weight 1 1", "the unit");
@@ -314,11 +338,11 @@ TEST(HeadlessLane, AnswersEachLine) {
     const TemporaryPorts ports;
     LaneRunner lane({.directory = ports.Directory()}, [](const std::string&) {});
     std::istringstream input("scanner 1 33\r\n\nscan 2 x\n" + std::string(100'000, 'x') +
-                             "\nscan 1 end\nquit\nscan 1 x\n");
+                             "\nscan 1 end\nquit now\n quit \nscan 1 x\n");
     std::ostringstream output;
     RunHeadlessLane(lane, input, output);
     EXPECT_EQ(output.str(), "ok\nerror there is no command \"\"\nerror there is nothing at COM2\nerror the line is too "
-                            "long\nok\nok\n");
+                            "long\nok\nerror \"now\" is too much\nok\n");
 }
 
 TEST(LaneArguments, NameThePortDirectory) {

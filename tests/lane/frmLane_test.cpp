@@ -56,15 +56,15 @@ TEST_F(LaneWindow, OffersNothingWithoutAPort) {
 
 TEST_F(LaneWindow, PutsAScannerAndAScaleOnAPort) {
     At<QLineEdit>("txtFirmware").setText("40100");
-    PutScanner(3, 32);
+    PutScanner(3, 6);
     EXPECT_EQ(State().port, 3);
-    EXPECT_EQ(State().scannerClass, 32);
+    EXPECT_EQ(State().scannerClass, 6);
     EXPECT_EQ(State().firmware, "40100");
     EXPECT_TRUE(At<QGroupBox>("fraScanner").isEnabled());
     EXPECT_FALSE(At<QGroupBox>("fraScale").isEnabled());
     Press("cmdScale");
     EXPECT_TRUE(At<QGroupBox>("fraScale").isEnabled());
-    EXPECT_EQ(Row(), "COM3\nPelerin/3256 (class 32, firmware 40100)\nScale: 0.000 kg");
+    EXPECT_EQ(Row(), "COM3\nVanta/2315 (class 6, firmware 40100)\nScale: 0.000 kg");
 }
 
 TEST_F(LaneWindow, ScansThePresetLabels) {
