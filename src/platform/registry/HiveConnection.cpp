@@ -1,5 +1,7 @@
 #include "platform/registry/HiveConnection.h"
 
+#include "platform/registry/SharedFile.h"
+
 #include <sqlite3.h>
 #include <sys/stat.h>
 
@@ -95,6 +97,7 @@ void UseWriteAheadLog(SqliteConnection& connection, std::chrono::milliseconds li
 HiveConnection::HiveConnection(const std::filesystem::path& file, std::chrono::milliseconds lockLimit)
     : file_(std::filesystem::absolute(file).string()), lockLimit_(lockLimit) {
     std::filesystem::create_directories(std::filesystem::path(file_).parent_path());
+    MakeSharedFile(file_);
     try {
         Open(SqliteConnection::Mode::ReadWrite);
     } catch (const SqliteError& error) {

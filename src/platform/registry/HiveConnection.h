@@ -27,6 +27,7 @@ enum class HiveQuery {
 class HiveConnection {
 public:
     // Opens the file, makes it and the directories above it where they are missing, and its tables where it is new.
+    // A new file in a directory of a group is made for the whole group.
     // Errors: SqliteError; std::filesystem::filesystem_error.
     HiveConnection(const std::filesystem::path& file, std::chrono::milliseconds lockLimit);
 
