@@ -10,9 +10,9 @@ CommandLine ParseCommandLine(const QStringList& arguments) {
     else if (text == "--help" || text == "-h")
         line.answer = "Usage: ravlin [-l]\n"
                       "Configures point-of-sale scanners and scales.\n\n"
-                      "  -l         show the list of logging levels\n"
-                      "  --help     print this text\n"
-                      "  --version  print the version\n";
+                      "  -l          show the list of logging levels\n"
+                      "  -h, --help  print this text\n"
+                      "  --version   print the version\n";
     else if (text.size() >= 2 && text.startsWith('-') && text.endsWith('l'))
         line.showLogLevel = true;
     else

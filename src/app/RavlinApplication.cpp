@@ -23,7 +23,7 @@ void ReportError(const std::exception& error) {
 RavlinApplication::RavlinApplication(int& argc, char** argv) : QApplication(argc, argv) {
     setApplicationName("Ravlin"); // the title of message boxes; a display name would be appended to every window title
     setApplicationVersion(RAVLIN_VERSION);
-    setDesktopFileName("ravlin");
+    setDesktopFileName("org.ravlin.ravlin");
     QIcon icon;
     for (const int size : {16, 32, 48, 64, 128, 256})
         icon.addFile(QStringLiteral(":/icons/ravlin-%1.png").arg(size));

@@ -14,6 +14,13 @@
 #include <cstdio>
 
 int main(int argc, char** argv) {
+    // Before there is an application, since printing a text needs no display.
+    const CommandLine question = ParseCommandLine({argv + 1, argv + argc});
+    if (!question.answer.isEmpty()) {
+        std::fputs(qPrintable(question.answer), stdout);
+        return 0;
+    }
+
     RavlinApplication application(argc, argv);
     const CommandLine commandLine = ParseCommandLine(QCoreApplication::arguments().mid(1));
     if (!commandLine.error.isEmpty() || !commandLine.answer.isEmpty()) {

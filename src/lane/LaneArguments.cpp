@@ -22,6 +22,8 @@ LaneArguments ParseLaneArguments(const std::vector<std::string>& arguments) {
             parsed.options.paced = true;
         } else if (*argument == "--help" || *argument == "-h") {
             parsed.help = true;
+        } else if (*argument == "--version") {
+            parsed.version = true;
         } else if (*argument == "--ports") {
             parsed.options.directory = value();
         } else if (*argument == "--do") {
@@ -30,7 +32,7 @@ LaneArguments ParseLaneArguments(const std::vector<std::string>& arguments) {
             throw LaneError("there is no option " + *argument);
         }
     }
-    if (parsed.options.directory.empty() && !parsed.help) {
+    if (parsed.options.directory.empty() && !parsed.help && !parsed.version) {
         const auto own = UserSerialPortDirectory();
         if (!own) {
             throw LaneError("there is no port directory; name one with --ports or in the variable RAVLIN_PORTS");
@@ -47,7 +49,9 @@ std::string LaneUsage() {
            "  --ports DIR    where the ports are made (RAVLIN_PORTS, else $XDG_RUNTIME_DIR/ravlin/ports)\n"
            "  --pace         let bytes take their time, as at 9600 baud\n"
            "  --verbose      what happens on the lines, on standard error\n"
-           "  --do COMMAND   carry the command out at the start; may be given more than once\n\n"
+           "  --do COMMAND   carry the command out at the start; may be given more than once\n"
+           "  -h, --help     print this text\n"
+           "  --version      print the version\n\n"
            "Commands (PORT is a number or COM and a number):\n" +
            LaneCommandHelp();
 }

@@ -11,6 +11,7 @@ struct LaneArguments {
     bool headless = false;
     bool verbose = false; // events on standard error
     bool help = false;
+    bool version = false;
     std::vector<std::string> commands; // carried out at the start
 };
 

@@ -105,6 +105,11 @@ Command ParseCommandLine(std::span<const std::string> arguments) {
     // Only as the first argument or right behind the command: elsewhere it may be a name or a text.
     if (std::ranges::any_of(arguments.first(std::min<std::size_t>(2, arguments.size())), AsksForHelp))
         return {};
+    if (arguments.front() == "--version") {
+        Command version;
+        version.verb = Verb::Version;
+        return version;
+    }
     for (const Syntax& syntax : Verbs)
         if (SameWord(arguments.front(), syntax.word))
             return Arguments(syntax, arguments.subspan(1)).Parse();
@@ -124,6 +129,7 @@ KEY   HKLM\... or HKCU\..., or with the full names HKEY_LOCAL_MACHINE\... or HKE
 /v    the value NAME      /ve   the default value      /va   all values of the key
 /f    overwrites or deletes without asking             /y    overwrites FILE without asking
 
+ravlin-reg --help prints this text (so does /?) and ravlin-reg --version the version.
 RAVLIN_MACHINE_HIVE and RAVLIN_USER_HIVE name the files of the two hives.
 )";
 }

@@ -14,7 +14,7 @@ class CommandError : public std::runtime_error {
     using runtime_error::runtime_error;
 };
 
-enum class Verb { Help, Query, Add, Delete, Export, Import };
+enum class Verb { Help, Version, Query, Add, Delete, Export, Import };
 
 struct Command {
     Verb verb = Verb::Help;

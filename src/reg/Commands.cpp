@@ -74,6 +74,9 @@ void RunCommand(const Command& command, RegistryTree& tree, const CommandConsole
     case Verb::Help:
         console.out << Usage();
         return;
+    case Verb::Version:
+        console.out << "ravlin-reg " RAVLIN_VERSION "\n";
+        return;
     case Verb::Query:
         return RunQuery(command, tree, console.out);
     case Verb::Export:

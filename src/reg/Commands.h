@@ -16,7 +16,8 @@ struct CommandConsole {
     std::function<std::optional<bool>(const std::string& question)> ask;
 };
 
-// Runs the command, or prints the usage. Errors: CommandError, RegistryError; then nothing in the registry was changed.
+// Runs the command, or prints the usage or the version. Errors: CommandError, RegistryError; then nothing in the
+// registry was changed.
 void RunCommand(const Command& command, RegistryTree& tree, const CommandConsole& console);
 
 // The parts of it. Key and value must be there, or they raise CommandError.

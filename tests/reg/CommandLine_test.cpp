@@ -53,6 +53,11 @@ TEST(CommandLine, HelpIsGivenAloneAndBehindACommand) {
     EXPECT_NE(Usage().find("RAVLIN_MACHINE_HIVE"), std::string_view::npos);
 }
 
+TEST(CommandLine, TheVersionIsGivenAlone) {
+    EXPECT_EQ(Parse({"--version"}).verb, Verb::Version);
+    EXPECT_EQ(Parse({"add", "HKLM\\Lane", "/v", "--version"}).valueName, "--version");
+}
+
 TEST(CommandLine, WhatCannotBeMeantIsRefusedInOneLine) {
     const std::vector<std::vector<std::string>> wrong = {
         {},

@@ -11,6 +11,7 @@
 int RunLaneWindow(int argc, char* argv[], const LaneArguments& arguments) {
     const QApplication application(argc, argv);
     QApplication::setApplicationName("ravlin-lane");
+    QGuiApplication::setDesktopFileName("org.ravlin.lane");
     // Outlives the lane, whose thread reports to it.
     LaneEvents events;
     LaneRunner lane(arguments.options, [&events](const std::string& event) { emit events.Happened(event.c_str()); });

@@ -35,6 +35,10 @@ int main(int argc, char* argv[]) {
             std::cout << LaneUsage();
             return 0;
         }
+        if (arguments.version) {
+            std::cout << "ravlin-lane " RAVLIN_VERSION "\n";
+            return 0;
+        }
         return arguments.headless ? RunHeadless(arguments) : RunLaneWindow(argc, argv, arguments);
     } catch (const LaneError& error) {
         std::cerr << "ravlin-lane: " << error.what() << std::endl;
