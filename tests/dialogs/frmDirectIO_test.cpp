@@ -99,6 +99,14 @@ TEST_F(DirectIO, MakesAnEmptyNumberZeroWhenItIsLeft) {
     EXPECT_TRUE(String().hasFocus());
 }
 
+TEST_F(DirectIO, LeavesAnEmptyNumberAloneWhileAMenuOrAnotherProgramHasTheKeyboard) {
+    for (const Qt::FocusReason reason : {Qt::PopupFocusReason, Qt::ActiveWindowFocusReason}) {
+        QFocusEvent leave(QEvent::FocusOut, reason);
+        QCoreApplication::sendEvent(&Data(), &leave);
+        EXPECT_EQ(Data().text(), "");
+    }
+}
+
 TEST_F(DirectIO, SendsEmptyNumbersAsZeroAlsoByTheEnterKey) {
     EventNumber().setFocus();
     QTest::keyClick(&EventNumber(), Qt::Key_Return);
@@ -110,9 +118,15 @@ TEST_F(DirectIO, SendsEmptyNumbersAsZeroAlsoByTheEnterKey) {
 TEST_F(DirectIO, SelectsTheWholeNumberThatBecomesActive) {
     EventNumber().setText("123");
     Data().setText("456");
+    String().setFocus();
+    Data().setFocus();
+    EXPECT_EQ(Data().selectedText(), "456");
     EventNumber().setFocus();
+    Data().deselect();
     QTest::keyClick(&EventNumber(), Qt::Key_Tab);
     EXPECT_EQ(Data().selectedText(), "456");
+    QCoreApplication::processEvents();
+    EventNumber().deselect();
     QTest::mouseClick(&EventNumber(), Qt::LeftButton, {}, QPoint(8, EventNumber().height() / 2));
     EXPECT_TRUE(WaitUntil([this] { return EventNumber().selectedText() == "123"; }));
 }
