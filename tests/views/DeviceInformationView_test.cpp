@@ -38,6 +38,22 @@ TEST_F(DeviceInformation, ChoosingAClassShowsItsFirstProfileWithoutClaimingIt) {
     c_.ExpectUniqueMnemonics();
 }
 
+TEST_F(DeviceInformation, CaptionsSayWhatEachControlIs) {
+    const std::vector<std::pair<const char*, QString>> captions = {
+        {"lblInfoDeviceType", "Device Class:"},
+        {"lblInfoDeviceName_0", "Profile Name:"},
+        {"lblInfoDeviceName_1", "Profile Name:"},
+        {"lblInfoDeviceNameCaption", "Device Name:"},
+        {"lblInfoDeviceDescriptionCaption", "Device Description:"},
+        {"lblInfoSOVersionCaption", "Service Object Version:"},
+        {"lblInfoSODescriptionCaption", "Service Object Description:"},
+        {"lblInfoCOVersionCaption", "Control Object Version:"},
+        {"lblInfoCODescriptionCaption", "Control Object Description:"},
+    };
+    for (const auto& [name, text] : captions)
+        EXPECT_EQ(c_.Text(name), text);
+}
+
 TEST_F(DeviceInformation, ChoosingAProfileShowsIt) {
     page_.SelectFirstDeviceType();
     Choose(c_.List("lstInfoDeviceName_0"), "Other");
