@@ -273,6 +273,9 @@ TEST_F(LaneTest, AnswersBadCommands) {
     Refuses("weight 1 1", "the unit");
     Refuses("weight 1 1 oz", "not a unit");
     Refuses("weight 1 x kg", "not a weight");
+    for (const char* command : {"scale 1", "weight 1 1 kg", "unstable 1", "power 1", "mute 1 on", "refuse 1", "block 1",
+                                "unplug 1", "plug 1", "pace on"})
+        Refuses(std::string(command) + " 2", "\"2\" is too much");
     Refuses("we\tird\x01", "there is no command");
     Do("scale 2");
     Refuses("power 2", "no scanner at COM2");

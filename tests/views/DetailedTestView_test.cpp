@@ -237,6 +237,7 @@ TEST_F(DetailedTest, CloseClearsWhatTheScannerShowed) {
 TEST_F(DetailedTest, ChoosingAnotherProfileClosesTheDeviceFirst) {
     ChooseScanner();
     c_.Press("cmdDetailedOpen");
+    scanner_.Scan("x", "x", 110);
     scanner_.calls.clear();
     Choose(c_.List("lstDetailedDeviceName_0"), "Other");
     EXPECT_EQ(scanner_.calls, Calls{"Close"});
