@@ -4,10 +4,20 @@
 
 #include <QSignalBlocker>
 
+#include <utility>
+
 DropDownList::DropDownList(QWidget* parent) : QComboBox(parent) {
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(16);
-    connect(this, &QComboBox::activated, this, &DropDownList::Click);
+    connect(this, &QComboBox::currentIndexChanged, this, [this] {
+        clicked_ = true;
+        emit Click();
+    });
+    // Comes of a user's choice alone, behind the change if it was one.
+    connect(this, &QComboBox::activated, this, [this] {
+        if (!std::exchange(clicked_, false))
+            emit Click();
+    });
 }
 
 void DropDownList::AddItem(const QString& text, int datum) {
@@ -42,14 +52,19 @@ int DropDownList::ItemData(int index) const {
 }
 
 void DropDownList::SetListIndex(int index) {
-    CheckIndex(index);
-    setCurrentIndex(index);
+    ShowListIndex(index);
     emit Click();
 }
 
 void DropDownList::ShowListIndex(int index) {
     CheckIndex(index);
+    const QSignalBlocker blocker(this);
     setCurrentIndex(index);
+}
+
+void DropDownList::showPopup() {
+    clicked_ = false;
+    QComboBox::showPopup();
 }
 
 int DropDownList::FindPrefix(const QString& text) const {

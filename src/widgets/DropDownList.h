@@ -1,4 +1,5 @@
-// A drop-down list in which choosing an item by program is the same as choosing it by hand: both raise Click.
+// A drop-down list in which choosing an item by program is the same as choosing it by hand: both raise Click, also
+// where the program takes it for any combo box.
 #pragma once
 
 #include <QComboBox>
@@ -35,9 +36,13 @@ public:
     // The first item that begins with text, without regard to case; -1 for none.
     [[nodiscard]] int FindPrefix(const QString& text) const;
 
+    void showPopup() override;
+
 signals:
     void Click();
 
 private:
     void CheckIndex(int index) const;
+
+    bool clicked_ = false; // for the choice that is under way
 };

@@ -3,6 +3,8 @@
 #include "profiles/NumberedError.h"
 #include "support_widgets/Controls.h"
 
+#include <QTest>
+
 #include <gtest/gtest.h>
 
 #include <vector>
@@ -40,6 +42,16 @@ TEST_F(Drop, ChoosingByHandRaisesClickAlsoForTheSameItem) {
     Choose(list_, "Dual-Cable");
     Choose(list_, "Dual-Cable");
     EXPECT_EQ(clicked_, std::vector<int>({2, 2}));
+}
+
+TEST_F(Drop, ChoosingAsInAnyComboBoxRaisesClickOnce) {
+    QComboBox& combo = list_;
+    combo.setCurrentIndex(1);
+    combo.setCurrentText("Dual-Cable");
+    EXPECT_EQ(clicked_, std::vector<int>({1, 2}));
+    Choose(list_, "Dual-Cable");
+    QTest::keyClick(&list_, Qt::Key_Up);
+    EXPECT_EQ(clicked_, std::vector<int>({1, 2, 2, 1}));
 }
 
 TEST_F(Drop, ShowingAnItemRaisesNothing) {
