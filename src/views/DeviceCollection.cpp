@@ -4,8 +4,13 @@
 
 namespace {
 
+// Letter by letter, as the registry compares names: two keys that it holds must both find their place here, though a
+// dictionary would take their names for one ("Straße" and "STRASSE").
 QString Key(std::int32_t deviceType, const QString& name) {
-    return (QString::fromStdString(DeviceClassWord(deviceType)) + name).toCaseFolded();
+    QList<uint> letters = (QString::fromStdString(DeviceClassWord(deviceType)) + name).toUcs4();
+    for (uint& letter : letters)
+        letter = QChar::toUpper(letter);
+    return QString::fromUcs4(reinterpret_cast<const char32_t*>(letters.constData()), letters.size());
 }
 
 } // namespace

@@ -65,6 +65,15 @@ TEST_F(Enumeration, ChoosesTheClassByTheExactDefaultValue) {
     EXPECT_EQ(ClassOf(1, "w3"), "CGenericScale");
 }
 
+TEST_F(Enumeration, LoadsEveryNameThatTheRegistryHolds) {
+    for (const char* name : {"Stra\u00dfe", "Strasse", "\u212Aasse", "Kasse"}) {
+        PutProfile("Scanner", name, "Tavrin.Opos.Scanner");
+        PutProfile("Scale", name, "Tavrin.Opos.Scale");
+    }
+    Load(registry_);
+    EXPECT_EQ(Names().size(), 8);
+}
+
 TEST_F(Enumeration, LoadsScannersBeforeScalesAndBothOfOneName) {
     PutProfile("Scale", "Lane", "Tavrin.Opos.Scale");
     PutProfile("Scanner", "Lane", "Tavrin.Opos.Scanner");
