@@ -172,7 +172,6 @@ std::shared_ptr<CDevice> NewProfileView::BuildNewDevice() const {
 void NewProfileView::StoreNewDevice(std::int32_t deviceType, const QString& name,
                                     const std::shared_ptr<CDevice>& device, bool companion) {
     DeviceCollection& devices = services_.devices;
-    QString outcome;
     if (devices.Contains(deviceType, name)) {
         if (MsgBox(this,
                    "The specified device name already exists.  Do you wish\r\n"
@@ -182,7 +181,7 @@ void NewProfileView::StoreNewDevice(std::int32_t deviceType, const QString& name
         device->SaveDevice(true);
         devices.Remove(deviceType, name);
         devices.Add(deviceType, name, device);
-        outcome = "Updated device profile successfully.";
+        MsgBox(this, "Updated device profile successfully.");
     } else {
         device->SaveDevice(false);
         nameLists_->AddDeviceName(deviceType, name);
@@ -190,11 +189,10 @@ void NewProfileView::StoreNewDevice(std::int32_t deviceType, const QString& name
         if (!companion && deviceType == DeviceClass::Scanner && ui_->lstNewScale->ListIndex() > 0)
             if (const std::shared_ptr<CDevice> scale = AskForScaleProfile(name))
                 StoreNewDevice(DeviceClass::Scale, QString::fromStdString(scale->DeviceName()), scale, true);
-        outcome = "Device profile created successfully.";
+        if (companion)
+            return;
+        MsgBox(this, "Device profile created successfully.");
     }
-    if (companion)
-        return;
-    MsgBox(this, outcome);
     ResetNewProfile();
 }
 

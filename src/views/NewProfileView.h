@@ -60,7 +60,7 @@ private:
     // The profile that the controls describe; stored nowhere yet.
     [[nodiscard]] std::shared_ptr<CDevice> BuildNewDevice() const;
     // Writes the profile to the registry and enters it in the collection and in the lists. companion marks the scale
-    // profile of a scanner that is being stored: its scanner brings the closing message for both.
+    // profile of a scanner that is being stored: of two new profiles only the scanner brings the closing message.
     void StoreNewDevice(std::int32_t deviceType, const QString& name, const std::shared_ptr<CDevice>& device,
                         bool companion = false);
     // The scale profile that the user wants beside the scanner profile of that name; null for none.

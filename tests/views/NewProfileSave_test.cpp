@@ -196,17 +196,33 @@ TEST_F(NewProfile, AScaleProfileRenamedInTheDialogIsKeptUnderItsOwnName) {
 
 TEST_F(NewProfile, AnExistingScaleProfileIsOverwrittenOnlyWhenTheUserSaysSo) {
     Choose(List("lstNewDeviceType"), "Scale");
-    Choose(List("lstNewComPort"), "COM3");
-    TypeName("Lane 1");
-    Save();
+    for (const char* name : {"Lane 1", "Lane 2"}) {
+        TypeName(name);
+        Choose(List("lstNewComPort"), "COM3");
+        Save();
+    }
     Choose(List("lstNewDeviceType"), "Scanner");
-    Choose(List("lstNewModelNumber"), "Pelerin/3172");
-    Choose(List("lstNewScale"), "Single-Cable");
-    TypeName("Lane 1");
-    const WhenShown dialog("frmConfigScale", [](QWidget& window) { Click(Control<QPushButton>(window, "cmdCreate")); });
-    const ExpectBox overwrite("Overwrite Settings?", Overwrite, QMessageBox::No);
-    Save();
+    const auto fillPage = [this](const QString& name) {
+        Choose(List("lstNewModelNumber"), "Pelerin/3172");
+        Choose(List("lstNewScale"), "Single-Cable");
+        TypeName(name);
+    };
+    const auto create = [](QWidget& window) { Click(Control<QPushButton>(window, "cmdCreate")); };
+    {
+        fillPage("Lane 1");
+        const WhenShown dialog("frmConfigScale", create);
+        const ExpectBox overwrite("Overwrite Settings?", Overwrite, QMessageBox::No);
+        Save();
+    }
     EXPECT_EQ(ScaleValue("Lane 1", "Serial Port"), "3");
+    fillPage("Lane 2");
+    const WhenShown dialog("frmConfigScale", create);
+    const ExpectBox overwrite("Overwrite Settings?", Overwrite, QMessageBox::Yes);
+    const ExpectBox updated("Ravlin", Updated);
+    Save();
+    EXPECT_EQ(ScaleValue("Lane 2", "Serial Port"), "");
+    EXPECT_EQ(Items(lists_[1]), QStringList({"Lane 1", "Lane 2"}));
+    EXPECT_EQ(Name().text(), "");
 }
 
 TEST_F(NewProfile, AScaleNeverAsksForACompanion) {
