@@ -16,6 +16,7 @@ CommandLine ParseCommandLine(const QStringList& arguments) {
     else if (text.size() >= 2 && text.startsWith('-') && text.endsWith('l'))
         line.showLogLevel = true;
     else
-        line.error = QStringLiteral("ravlin: unknown argument \"%1\"; --help lists what there is\n").arg(text);
+        line.warning =
+            QStringLiteral("ravlin: ignoring the unknown argument \"%1\"; --help lists what there is\n").arg(text);
     return line;
 }

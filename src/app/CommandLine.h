@@ -9,8 +9,8 @@ struct CommandLine {
     bool showLogLevel = false;
     // To be printed instead of starting; empty to start.
     QString answer;
-    // What is wrong with the line; empty for nothing.
-    QString error;
+    // What the program does not know in the line and goes on without; empty for nothing.
+    QString warning;
 };
 
 // arguments without the program's name.

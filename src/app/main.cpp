@@ -23,10 +23,11 @@ int main(int argc, char** argv) {
 
     RavlinApplication application(argc, argv);
     const CommandLine commandLine = ParseCommandLine(QCoreApplication::arguments().mid(1));
-    if (!commandLine.error.isEmpty() || !commandLine.answer.isEmpty()) {
-        std::fputs(qPrintable(commandLine.error + commandLine.answer), commandLine.error.isEmpty() ? stdout : stderr);
-        return commandLine.error.isEmpty() ? 0 : 2;
+    if (!commandLine.answer.isEmpty()) {
+        std::fputs(qPrintable(commandLine.answer), stdout);
+        return 0;
     }
+    std::fputs(qPrintable(commandLine.warning), stderr);
 
     PreviousInstance previous;
     if (YieldToPreviousInstance(previous))

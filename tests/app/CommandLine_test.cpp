@@ -16,7 +16,7 @@ TEST(CommandLine, AnswersForVersionAndHelp) {
 }
 
 TEST(CommandLine, SaysWhatItDoesNotKnow) {
-    EXPECT_TRUE(ParseCommandLine({"lane", "1"}).error.contains("\"lane 1\""));
-    EXPECT_EQ(ParseCommandLine({"-l"}).error, "");
-    EXPECT_EQ(ParseCommandLine({}).error, "");
+    EXPECT_TRUE(ParseCommandLine({"lane", "1"}).warning.contains("\"lane 1\""));
+    EXPECT_EQ(ParseCommandLine({"-l"}).warning, "");
+    EXPECT_EQ(ParseCommandLine({}).warning, "");
 }
