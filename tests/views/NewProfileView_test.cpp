@@ -57,6 +57,8 @@ TEST_F(NewProfile, TheDeviceClassShowsItsSettings) {
     EXPECT_TRUE(IsShown(Widget("fraNewDeviceType_0")));
     EXPECT_TRUE(Button("cmdNewProgram").isEnabled());
     EXPECT_EQ(Picture(), 1019);
+    Choose(List("lstNewDeviceType"), "Scale");
+    EXPECT_FALSE(Button("cmdNewProgram").isEnabled());
 }
 
 TEST_F(NewProfile, WithoutAModelTheFirstModelsPictureIsShown) {
@@ -91,6 +93,14 @@ TEST_F(NewProfile, EveryModelShowsItsPictureAndOnlyPelerinModelsCarryAScale) {
     }
 }
 
+TEST_F(NewProfile, AModelCarriesAScaleWhereItsNameHoldsPelerin) {
+    for (const auto& [model, carries] : {std::pair{"New Pelerin", true}, {"pelerin/3172", false}}) {
+        List("lstNewModelNumber").AddItem(model);
+        Choose(List("lstNewModelNumber"), model);
+        EXPECT_EQ(List("lstNewScale").isEnabled(), carries) << model;
+    }
+}
+
 TEST_F(NewProfile, AnotherModelTakesTheScaleAway) {
     Choose(List("lstNewModelNumber"), "Pelerin/3172");
     Choose(List("lstNewScale"), "Dual-Cable");
@@ -120,14 +130,20 @@ TEST_F(NewProfile, UnitAndDisplayAreAskedForOnlyWithAScale) {
 TEST_F(NewProfile, ADualCableScaleIsConnectedBySerialCableOnly) {
     Choose(List("lstNewDeviceType"), "Scale");
     Choose(List("lstNewInterface"), "POS USB");
+    for (const char* list : {"lstNewScaleWeightUnit_1", "lstNewScaleDisplay_1"})
+        List(list).setEnabled(false);
     Choose(List("lstNewScaleType"), "Dual-Cable");
     EXPECT_EQ(List("lstNewInterface").ListIndex(), 0);
     EXPECT_FALSE(List("lstNewInterface").isEnabled());
     EXPECT_FALSE(Button("cmdNewProgram").isEnabled());
     EXPECT_TRUE(List("lstNewScaleWeightUnit_1").isEnabled());
+    EXPECT_TRUE(List("lstNewScaleDisplay_1").isEnabled());
     Choose(List("lstNewScaleType"), "Single-Cable");
     EXPECT_TRUE(List("lstNewInterface").isEnabled());
     EXPECT_TRUE(Button("cmdNewProgram").isEnabled());
+    List("lstNewScaleType").SetListIndex(-1);
+    EXPECT_TRUE(List("lstNewInterface").isEnabled());
+    EXPECT_FALSE(Button("cmdNewProgram").isEnabled());
 }
 
 TEST_F(NewProfile, SavingNeedsANameThatIsNotBlank) {
