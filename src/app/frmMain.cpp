@@ -221,14 +221,12 @@ void frmMain::ComeForward() {
 void frmMain::AddDevice(const std::shared_ptr<CDevice>& device) {
     const std::int32_t deviceType = device->DeviceType();
     const QString name = QString::fromStdString(device->DeviceName());
-    const bool replaces = colDevices_.Contains(deviceType, name);
-    if (replaces)
-        colDevices_.Remove(deviceType, name);
-    colDevices_.Add(deviceType, name, device);
-    if (replaces) {
+    if (colDevices_.Contains(deviceType, name)) {
+        colDevices_.Replace(deviceType, name, device);
         modifyProfile_->ShowReplacedProfile();
         return;
     }
+    colDevices_.Add(deviceType, name, device);
     nameLists_->AddDeviceName(deviceType, name);
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     nameLists_->SelectOnlyItems(deviceType);

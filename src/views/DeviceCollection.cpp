@@ -32,6 +32,12 @@ void DeviceCollection::Remove(std::int32_t deviceType, const QString& name) {
     byKey_.remove(Key(deviceType, name));
 }
 
+void DeviceCollection::Replace(std::int32_t deviceType, const QString& name, std::shared_ptr<CDevice> device) {
+    device->InUse(Item(deviceType, name)->InUse());
+    Remove(deviceType, name);
+    Add(deviceType, name, std::move(device));
+}
+
 bool DeviceCollection::Contains(std::int32_t deviceType, const QString& name) const {
     return byKey_.contains(Key(deviceType, name));
 }

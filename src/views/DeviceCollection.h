@@ -25,6 +25,10 @@ public:
     [[nodiscard]] std::shared_ptr<CDevice> Item(std::int32_t deviceType, const QString& name) const;
     void Remove(std::int32_t deviceType, const QString& name);
 
+    // Adds at the end in place of the one held under that name. A test that holds the device goes on holding it. Errors
+    // as Item.
+    void Replace(std::int32_t deviceType, const QString& name, std::shared_ptr<CDevice> device);
+
     [[nodiscard]] bool Contains(std::int32_t deviceType, const QString& name) const;
     [[nodiscard]] const std::list<Entry>& Entries() const { return entries_; }
     void Clear();

@@ -254,10 +254,8 @@ std::shared_ptr<CDevice> ModifyProfileView::ReplaceScale(const QString& name) {
     scale->SerialPort(former.SerialPort());
     scale->WeightUnit(former.WeightUnit());
     scale->Display(former.Display());
-    scale->InUse(former.InUse()); // a test that holds the device goes on holding it
     rules_.ApplySettings(*scale);
-    services_.devices.Remove(DeviceClass::Scale, name);
-    services_.devices.Add(DeviceClass::Scale, name, scale);
+    services_.devices.Replace(DeviceClass::Scale, name, scale);
     shown_ = scale;
     return scale;
 }

@@ -179,8 +179,7 @@ void NewProfileView::StoreNewDevice(std::int32_t deviceType, const QString& name
                    MsgBoxButtons::YesNo, "Overwrite Settings?") != MsgBoxResult::Yes)
             return;
         device->SaveDevice(true);
-        devices.Remove(deviceType, name);
-        devices.Add(deviceType, name, device);
+        devices.Replace(deviceType, name, device);
         MsgBox(this, "Updated device profile successfully.");
     } else {
         device->SaveDevice(false);

@@ -2,7 +2,9 @@
 
 #include "profiles/CGenericScale.h"
 #include "profiles/CGenericScanner.h"
+#include "profiles/CScanner2.h"
 #include "profiles/NumberedError.h"
+#include "support/TemporaryRegistry.h"
 
 #include <gtest/gtest.h>
 
@@ -52,10 +54,28 @@ TEST(DeviceCollection, KeepsTheOrderInWhichProfilesWereAdded) {
     EXPECT_EQ(names, QStringList({"c", "b", "a"}));
 }
 
+TEST(DeviceCollection, AReplacedProfileGoesToTheEndAndIsHeldByItsTestOnly) {
+    TemporaryRegistry registry;
+    DeviceCollection devices;
+    for (const char* name : {"held", "free", "last"})
+        devices.Add(DeviceClass::Scanner, name, std::make_shared<CScanner2>(registry));
+    devices.Item(DeviceClass::Scanner, "held")->InUse(true);
+    for (const char* name : {"HELD", "free"})
+        devices.Replace(DeviceClass::Scanner, name, std::make_shared<CScanner2>(registry));
+    QStringList names;
+    for (const DeviceCollection::Entry& entry : devices.Entries())
+        names << entry.name;
+    EXPECT_EQ(names, QStringList({"last", "HELD", "free"}));
+    EXPECT_TRUE(devices.Item(DeviceClass::Scanner, "held")->InUse());
+    EXPECT_FALSE(devices.Item(DeviceClass::Scanner, "free")->InUse());
+}
+
 TEST(DeviceCollection, RaisesAnErrorForAProfileThatItDoesNotHold) {
     DeviceCollection devices;
     devices.Add(DeviceClass::Scale, "Lane 1", std::make_shared<CGenericScale>());
     EXPECT_EQ(NumberOf([&] { (void)devices.Item(DeviceClass::Scanner, "Lane 1"); }), 5U);
     EXPECT_EQ(NumberOf([&] { devices.Remove(DeviceClass::Scanner, "Lane 1"); }), 5U);
+    EXPECT_EQ(NumberOf([&] { devices.Replace(DeviceClass::Scanner, "Lane 1", std::make_shared<CGenericScanner>()); }),
+              5U);
     EXPECT_FALSE(devices.Contains(DeviceClass::Scanner, "Lane 1"));
 }

@@ -95,6 +95,18 @@ TEST_F(NewProfile, OverwritingWipesTheKeyAndLeavesTheListsAlone) {
     EXPECT_EQ(Name().text(), "");
 }
 
+TEST_F(NewProfile, AnOverwrittenProfileIsStillHeldByTheTestThatHoldsItsDevice) {
+    TypeName("Lane 1");
+    Save();
+    devices_.Item(0, "Lane 1")->InUse(true);
+    TypeName("Lane 1");
+    const ExpectBox overwrite("Overwrite Settings?", Overwrite, QMessageBox::Yes);
+    const ExpectBox updated("Ravlin", Updated);
+    const ExpectBox question("Program Scanner?", ProgramQuestion, QMessageBox::No);
+    Click(Button("cmdNewSave"));
+    EXPECT_TRUE(devices_.Item(0, "Lane 1")->InUse());
+}
+
 TEST_F(NewProfile, ANewProfileLeavesForeignValuesOfItsKeyInPlace) {
     registry_.Put((ScannerKey + "Lane 1").toStdString(), "Foreign", "x");
     TypeName("Lane 1");
