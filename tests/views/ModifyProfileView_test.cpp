@@ -147,6 +147,14 @@ TEST_F(ModifyProfile, ThePortIsTheFirstThatBeginsWithItsName) {
     }
 }
 
+TEST_F(ModifyProfile, APortThatIsNotOfferedIsShownAsTheFirstThatBeginsWithItsName) {
+    StoreScanner("Lane", {{"", "Tavrin.Opos.Scanner"}, {"Serial Port", "6"}, {"Scanner Version", "1"}});
+    Start();
+    List("lstExistingComPort").RemoveItem(5);
+    Choose(List("lstExistingDeviceName_0"), "Lane");
+    EXPECT_EQ(List("lstExistingComPort").Text(), "COM60");
+}
+
 TEST_F(ModifyProfile, TheInterfaceFollowsFromTheStoredCodeAndPort) {
     struct Case {
         const char* name;

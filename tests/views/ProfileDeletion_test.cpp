@@ -1,6 +1,7 @@
 #include "views/ProfileDeletion.h"
 
 #include "profiles/RegistryPaths.h"
+#include "support/RecordingRegistry.h"
 #include "views/ModifyProfilePage.h"
 
 namespace {
@@ -63,6 +64,24 @@ TEST_F(DeletingAProfile, IsAnnouncedBeforeThePageIsBroughtUpToDate) {
                      [&] { seen = deleted.Shown() && StoredScanners().size() == 1; });
     Click(Button("cmdExistingDelete"));
     EXPECT_TRUE(seen);
+}
+
+TEST_F(DeletingAProfile, DeletesTheKeyByTheFoldersOfItsClass) {
+    StoreScanner("A", Stored::Serial);
+    StoreScale("A", Stored::SingleCable);
+    Start();
+    RecordingRegistry recording(registry_);
+    for (const std::int32_t type : {DeviceClass::Scanner, DeviceClass::Scale}) {
+        const ExpectBox question("Delete Profile?", "Are you sure you wish to delete this profile (A)?",
+                                 QMessageBox::Yes);
+        const ExpectBox deleted("Profile Deleted", "Device profile successfully deleted.");
+        recording.Clear();
+        ProfileDeletion{recording, devices_, names_}.Delete(&page_, type, "A");
+        EXPECT_EQ(recording.Operations(), std::vector<std::string>({"CreateStore", "CreateMissing no",
+                                                                    "KeyPath SOFTWARE\\OLEForRetail\\ServiceOPOS\\" +
+                                                                        DeviceClassWord(type) + '\\',
+                                                                    "DeleteKey A", "Release"}));
+    }
 }
 
 TEST_F(DeletingAProfile, AnsweringNoLeavesEverythingUnchanged) {

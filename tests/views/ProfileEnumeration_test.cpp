@@ -3,6 +3,7 @@
 #include "profiles/CScanner2.h"
 #include "profiles/RegistryPaths.h"
 #include "support/FailingRegistry.h"
+#include "support/RecordingRegistry.h"
 #include "support/TemporaryRegistry.h"
 #include "support_widgets/BoxWatcher.h"
 #include "views/DeviceCollection.h"
@@ -63,6 +64,21 @@ TEST_F(Enumeration, ChoosesTheClassByTheExactDefaultValue) {
     EXPECT_EQ(ClassOf(1, "w1"), "CScale2");
     EXPECT_EQ(ClassOf(1, "w2"), "CAveryScale");
     EXPECT_EQ(ClassOf(1, "w3"), "CGenericScale");
+}
+
+TEST_F(Enumeration, ReadsScalesByAPathWithOneMoreBackslashAndMakesNoKeysOfProfiles) {
+    PutProfile("Scanner", "s", "Other");
+    PutProfile("Scale", "w", "Other");
+    RecordingRegistry recording(registry_);
+    Load(recording);
+    using Operations = std::vector<std::string>;
+    Operations expected;
+    for (const Operations& paths : {Operations{"Scanner\\", "Scanner\\s"}, Operations{"Scale\\", "Scale\\\\w"}})
+        expected.insert(expected.end(),
+                        {"CreateStore", "Root machine", "CreateStore", "CreateMissing no", "Root machine",
+                         "KeyPath " + (Folder + paths[0]), "SubKeyCount", "SubKeyName 0",
+                         "KeyPath " + (Folder + paths[1]), "ReadValue ", "Release", "Release"});
+    EXPECT_EQ(recording.Operations(), expected);
 }
 
 TEST_F(Enumeration, LoadsEveryNameThatTheRegistryHolds) {
