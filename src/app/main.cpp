@@ -13,20 +13,26 @@
 
 #include <cstdio>
 
+namespace {
+
+// Prints what was asked for; true when something was.
+bool Answered(const CommandLine& line) {
+    std::fputs(qPrintable(line.answer), stdout);
+    return !line.answer.isEmpty();
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
     // Before there is an application, since printing a text needs no display.
-    const CommandLine question = ParseCommandLine({argv + 1, argv + argc});
-    if (!question.answer.isEmpty()) {
-        std::fputs(qPrintable(question.answer), stdout);
+    if (Answered(ParseCommandLine({argv + 1, argv + argc})))
         return 0;
-    }
 
     RavlinApplication application(argc, argv);
+    // Without the arguments that were meant for Qt.
     const CommandLine commandLine = ParseCommandLine(QCoreApplication::arguments().mid(1));
-    if (!commandLine.answer.isEmpty()) {
-        std::fputs(qPrintable(commandLine.answer), stdout);
+    if (Answered(commandLine))
         return 0;
-    }
     std::fputs(qPrintable(commandLine.warning), stderr);
 
     PreviousInstance previous;

@@ -110,6 +110,20 @@ TEST_F(SharedFile, IsReadByOthersAlsoWhileItIsWritten) {
     }));
 }
 
+TEST_F(SharedFile, IsReadByOthersAfterAProgramWasKilled) {
+    EXPECT_TRUE(InChild([this]() -> bool {
+        Become(Ann, Group);
+        const auto registry = Open();
+        Add(*registry, "Ann's");
+        _exit(0); // leaves the log behind
+    }));
+    EXPECT_TRUE(fs::exists(File("-wal")));
+    EXPECT_TRUE(InChild([this] {
+        Become(Stranger, Stranger);
+        return Value(*Open(), "Ann's") == "1";
+    }));
+}
+
 TEST_F(SharedFile, StaysAsItIsWhereItIsThere) {
     std::ofstream(File()) << "";
     chmod(File().c_str(), 0600);
