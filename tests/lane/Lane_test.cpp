@@ -15,6 +15,7 @@
 
 #include <fcntl.h>
 #include <sys/ioctl.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
@@ -81,6 +82,19 @@ TEST_F(LaneTest, OffersItsPortsToPrograms) {
     line.Write("W", 1s);
     EXPECT_EQ(ReadCount(line, 8), "\x02"
                                   "01.235\r");
+}
+
+TEST_F(LaneTest, LinesCarryEveryByteAsItIsBeforeAnyProgramSetsThemUp) {
+    Do("scanner 1 3");
+    const int descriptor = ::open(ports_.Entry(1).c_str(), O_RDWR | O_NOCTTY);
+    termios line{};
+    ASSERT_EQ(::tcgetattr(descriptor, &line), 0);
+    ::close(descriptor);
+    EXPECT_EQ(line.c_lflag & (ECHO | ECHONL | ICANON | ISIG | IEXTEN), 0U);
+    EXPECT_EQ(line.c_iflag & (ICRNL | INLCR | IGNCR | ISTRIP | IXON), 0U);
+    EXPECT_EQ(line.c_oflag & OPOST, 0U);
+    EXPECT_EQ(line.c_cflag & CSIZE, static_cast<tcflag_t>(CS8));
+    EXPECT_EQ(::cfgetospeed(&line), static_cast<speed_t>(B9600));
 }
 
 TEST_F(LaneTest, SharesOneLineBetweenScannerAndScale) {

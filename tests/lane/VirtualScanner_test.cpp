@@ -207,6 +207,13 @@ TEST(VirtualScanner, LeavesProgrammingModeWhenSomethingIsScanned) {
     EXPECT_EQ(bench.Ask("PM\r"), "");
 }
 
+TEST(VirtualScanner, LeavesProgrammingModeWhenSwitchedOff) {
+    Bench bench(3);
+    EXPECT_EQ(bench.Ask("SSET\r"), Announced);
+    EXPECT_EQ(bench.Power(), "");
+    EXPECT_EQ(bench.Ask("PM\r"), "");
+}
+
 TEST(VirtualScanner, ForgetsAHalfCommandWhenSwitchedOff) {
     Bench bench(2);
     bench.Ask("garbage");

@@ -2,6 +2,9 @@
 
 #include "views/TestSite.h"
 
+#include <QCoreApplication>
+#include <QEvent>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -73,8 +76,37 @@ TEST_F(DeviceInformation, AClassWithoutProfilesShowsNothing) {
     Choose(c_.List("lstInfoDeviceType"), "Scale");
     EXPECT_EQ(Values(), (QStringList{"", "", "", "", "", ""}));
     EXPECT_TRUE(scale_.calls.empty());
-    EXPECT_TRUE(IsShown(c_.List("lstInfoDeviceName_1")));
+}
+
+TEST_F(DeviceInformation, TheClassDecidesWhichListOfProfilesIsShown) {
     EXPECT_FALSE(IsShown(c_.List("lstInfoDeviceName_0")));
+    EXPECT_FALSE(IsShown(c_.List("lstInfoDeviceName_1")));
+    for (const bool scanner : {true, false}) {
+        Choose(c_.List("lstInfoDeviceType"), scanner ? "Scanner" : "Scale");
+        for (const char* family : {"lstInfoDeviceName", "lblInfoDeviceName"}) {
+            EXPECT_EQ(IsShown(Control<QWidget>(page_, QString(family) + "_0")), scanner) << family;
+            EXPECT_EQ(IsShown(Control<QWidget>(page_, QString(family) + "_1")), !scanner) << family;
+        }
+    }
+}
+
+TEST_F(DeviceInformation, TheClearedPageIsPaintedBeforeADeviceIsOpened) {
+    page_.SelectFirstDeviceType();
+    struct PaintedText : QObject {
+        explicit PaintedText(QLabel& shown) : label(shown) { label.installEventFilter(this); }
+        bool eventFilter(QObject*, QEvent* event) override {
+            if (event->type() == QEvent::Paint)
+                text = label.text();
+            return false;
+        }
+        QLabel& label;
+        QString text = "nothing yet";
+    } painted(c_.Label("lblInfoDeviceName"));
+    QString beforeOpening;
+    scanner_.onOpen = [&] { beforeOpening = painted.text; };
+    QCoreApplication::processEvents();
+    Choose(c_.List("lstInfoDeviceName_0"), "Other");
+    EXPECT_EQ(beforeOpening, "");
 }
 
 TEST_F(DeviceInformation, AScaleIsAskedByItsOwnControl) {

@@ -13,6 +13,14 @@ const std::string ReplyText = "00112233 40200";
 
 } // namespace
 
+TEST(SerlinkLimits, AreThoseOfTheProtocol) {
+    const SerlinkLimits limits;
+    EXPECT_EQ(limits.commandEntry, std::chrono::seconds(2));
+    EXPECT_EQ(limits.powerUpEntry, std::chrono::seconds(15));
+    EXPECT_EQ(limits.replyByte, std::chrono::seconds(5));
+    EXPECT_EQ(limits.acknowledge, std::chrono::seconds(10));
+}
+
 TEST_F(SerlinkPortTest, KeepsItsProperties) {
     SerlinkPort link;
     EXPECT_EQ(link.EntryCommand(), "");
