@@ -138,7 +138,9 @@ TEST_F(Wizard, ScaleThatIsNotReadySaysSo) {
 
 TEST_F(Wizard, FailedReadIsToldAndRepeated) {
     auto& window = OpenAtScaleTest();
+    Scale().calls.clear();
     Scale().Weigh(1234);
+    EXPECT_TRUE(WaitUntil([this] { return Scale().calls.back() == "ReadWeight -1"; }));
     Scale().calls.clear();
     std::int32_t response = OposErrorResponse::Clear;
     Scale().errorHandler(OposResult::Offline, 0, OposErrorLocus::Input, response);

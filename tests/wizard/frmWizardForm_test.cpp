@@ -87,6 +87,7 @@ TEST_F(Wizard, EveryOptionFrameHasAnElementOfEachArray) {
     auto& window = Open();
     for (int i = 0; i < 3; ++i) {
         const QString element = QStringLiteral("_%1").arg(i);
+        EXPECT_NE(wizard_->findChild<QFrame*>("fraOptions" + element), nullptr);
         EXPECT_EQ(Items(window.List("lstInterface" + element)), QStringList({"RS232", "Full Speed USB", "POS USB"}));
         EXPECT_EQ(Items(window.List("lstScannerComPort" + element)), Ports());
         EXPECT_EQ(Items(window.List("lstScaleComPort" + element)), Ports());

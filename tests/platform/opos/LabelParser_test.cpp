@@ -60,6 +60,7 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"Code39LastModifier", "]A7CODE39", {"CODE39", "CODE39", 108}},
         Row{"Code39BeyondModifiers", "]A8CODE39", {"CODE39", "CODE39", 501}},
         Row{"Code128", "]C0Code128", {"Code128", "Code128", 110}},
+        Row{"Code128OfThirteenDigits", "]C00123456789012", {"0123456789012", "0123456789012", 110}},
         Row{"Code128Modifier2", "]C2Code128", {"Code128", "Code128", 110}},
         Row{"Gs1Code128", "]C10112345678901231", {"0112345678901231", "0112345678901231", 120}},
         Row{"Codabar", "]F0A1234B", {"A1234B", "A1234B", 107}}, Row{"Code93", "]G0CODE93", {"CODE93", "CODE93", 109}},

@@ -73,6 +73,14 @@ TEST_F(OpeningProfiles, TakesNamesOf255Characters) {
     site_.SaveScanner(name, 1);
     ExpectScanner(name, 0, 0);
     ExpectScanner(name + "x", 109, 302);
+    site_.registry.Put(RegistryPaths::ScannerFolder, name + "x", name);
+    ExpectScanner(name + "x", 109, 302);
+}
+
+TEST_F(OpeningProfiles, TakesNoEmptyName) {
+    site_.SaveScanner("Lane 1", 1);
+    site_.registry.Put(RegistryPaths::ScannerFolder, "", "Lane 1");
+    ExpectScanner("", 109, 302);
 }
 
 TEST_F(OpeningProfiles, FindsNothingInAnEmptyRegistry) {
