@@ -126,6 +126,18 @@ TEST_F(Wizard, ModelWithoutScaleDropsTheScaleTypeOfTheOneBefore) {
     EXPECT_EQ(window.Frame(), 0);
 }
 
+TEST_F(Wizard, ModelWithAScaleKeepsTheScaleTypeOnTheWayForward) {
+    auto& window = Open();
+    window.GoToOptions("Pelerin/3256", 2);
+    window.Back();
+    window.Back();
+    Choose(window.List("lstModelNumber"), "Pelerin/3172");
+    window.Next();
+    EXPECT_EQ(window.List("lstScaleType").ListIndex(), 2);
+    window.Next();
+    EXPECT_EQ(window.Frame(), 2);
+}
+
 TEST_F(Wizard, OptionsAreResetOnTheWayForward) {
     auto& window = Open();
     window.GoToOptions("Pelerin/3256", 2);

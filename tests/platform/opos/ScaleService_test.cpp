@@ -73,6 +73,30 @@ TEST_F(Scales, AreAskedOnceMoreWhenTheAnswerCannotBeRead) {
     EXPECT_EQ(Statistic("UnreadableReplyCount"), "1");
 }
 
+TEST_F(Scales, AreAskedOnceMoreInEveryRead) {
+    const std::string unreadable = Simulated::Frame("0#.235");
+    const std::string readable = Simulated::Frame("02.500");
+    device_.AnswerWith(OneByOne({unreadable, readable, unreadable, readable}));
+    Enable();
+    EXPECT_EQ(Read(-1), 0);
+    EXPECT_EQ(Read(-1), 0);
+    EXPECT_EQ(asked_, 4U);
+}
+
+TEST_F(Scales, AreGivenTheirTimeAfterAReadThatTimedOut) {
+    Enable();
+    device_.AnswerWith([](char) { return Simulated::Status(1); });
+    EXPECT_EQ(Read(20), OposResult::Timeout);
+    device_.AnswerWith([](char) { return Simulated::Status(16); });
+    EXPECT_EQ(scale_->ZeroScale(), 0);
+    device_.AnswerWith([](char) { return Simulated::Status(1); });
+    EXPECT_EQ(Read(20), OposResult::Timeout);
+    std::int32_t data = 0;
+    std::string text = "W";
+    EXPECT_EQ(scale_->DirectIO(2, data, text), 0);
+    EXPECT_EQ(text, "3F61");
+}
+
 TEST_F(Scales, FailWhenTwoAnswersCannotBeRead) {
     device_.AnswerWith(OneByOne({Simulated::Frame("0#.235"), Simulated::Frame("rubbish"), Simulated::Frame("02.500")}));
     Enable();
