@@ -105,6 +105,13 @@ TEST_F(Main, AStoredPositionOfZeroIsCentredToo) {
     EXPECT_NE(window->pos(), QPoint(0, 0));
 }
 
+TEST_F(Main, APositionAtOneEdgeOnlyIsNotCentred) {
+    PutSetting("Left", "0");
+    PutSetting("Top", "12");
+    MainWindow window(registry_);
+    EXPECT_EQ(window->pos(), QPoint(0, 12));
+}
+
 TEST_F(Main, ReturnsToItsPositionEvenOffTheScreen) {
     PutSetting("Left", "-3000");
     PutSetting("Top", "12");
@@ -127,6 +134,22 @@ TEST_F(Main, KeepsPositionAndViewForTheNextStart) {
     EXPECT_EQ(window->pos(), QPoint(77, 55));
     EXPECT_EQ(window.View(), 3);
     EXPECT_EQ(Control<QListWidget>(*window, "ListBar").currentRow(), 3);
+}
+
+TEST_F(Main, StartsWithTheFirstItemOfEveryOption) {
+    MainWindow window(registry_);
+    QStringList lists = {"lstNewDeviceType",      "lstNewInterface",        "lstNewComPort",
+                         "lstNewScaleType",       "lstNewModelNumber",      "lstExistingScaleType",
+                         "lstExistingDeviceType", "lstExistingModelNumber", "lstDetailedDeviceType",
+                         "lstInfoDeviceType"};
+    for (const QString page : {"lstNew", "lstExisting"})
+        for (const char* option :
+             {"Scale", "ScaleWeightUnit_0", "ScaleWeightUnit_1", "ScaleDisplay_0", "ScaleDisplay_1"})
+            lists << page + option;
+    for (const QString& list : lists)
+        EXPECT_EQ(window.List(list).ListIndex(), 0) << list.toStdString();
+    EXPECT_EQ(Items(window.List("lstExistingInterface")), QStringList({"RS232", "Full Speed USB", "POS USB"}));
+    EXPECT_EQ(window.List("lstExistingInterface").ListIndex(), -1) << "there is no profile to show";
 }
 
 TEST_F(Main, MenusAndListBarSwitchTheView) {

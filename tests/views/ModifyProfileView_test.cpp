@@ -147,6 +147,18 @@ TEST_F(ModifyProfile, ThePortIsTheFirstThatBeginsWithItsName) {
     }
 }
 
+TEST_F(ModifyProfile, TheModelIsTheOneOfExactlyThatName) {
+    for (const char* model : {"Rovane", "758", "pelerin/3172"})
+        StoreScanner(QByteArray(model).replace('/', ' ').toStdString(),
+                     {{"", "Tavrin.Opos.Scanner"}, {"Model", model}, {"Serial Port", "6"}});
+    Start();
+    for (const auto& [name, index] : {std::pair{"Rovane", -1}, {"758", 27}, {"pelerin 3172", -1}}) {
+        Choose(List("lstExistingDeviceName_0"), name);
+        EXPECT_EQ(List("lstExistingModelNumber").ListIndex(), index) << name;
+        EXPECT_FALSE(List("lstExistingScale").isEnabled()) << name;
+    }
+}
+
 TEST_F(ModifyProfile, APortThatIsNotOfferedIsShownAsTheFirstThatBeginsWithItsName) {
     StoreScanner("Lane", {{"", "Tavrin.Opos.Scanner"}, {"Serial Port", "6"}, {"Scanner Version", "1"}});
     Start();
