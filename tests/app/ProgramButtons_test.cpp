@@ -66,8 +66,15 @@ TEST_F(ProgramButtons, ADisabledButtonStaysDisabledAfterASession) {
     auto& existingProgram = Control<QPushButton>(*window, "cmdExistingProgram");
     ASSERT_FALSE(existingProgram.isEnabled());
     Click(Control<QPushButton>(*window, "cmdNewProgram"));
-    EXPECT_TRUE(Control<QPushButton>(*window, "cmdNewProgram").isEnabled());
+    auto& newProgram = Control<QPushButton>(*window, "cmdNewProgram");
+    EXPECT_TRUE(newProgram.isEnabled());
     EXPECT_FALSE(existingProgram.isEnabled());
+
+    Choose(window.List("lstNewInterface"), 1);
+    Choose(window.List("lstExistingDeviceName_0"), "Lane 1");
+    Click(existingProgram);
+    EXPECT_FALSE(newProgram.isEnabled());
+    EXPECT_TRUE(existingProgram.isEnabled());
 }
 
 TEST_F(ProgramButtons, ASecondSessionReplacesTheWindowOfTheFirst) {
