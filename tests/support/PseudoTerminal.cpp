@@ -73,7 +73,9 @@ PseudoTerminal::PseudoTerminal() : master_(::posix_openpt(O_RDWR | O_NOCTTY | O_
 }
 
 PseudoTerminal::PseudoTerminal(const TemporaryPorts& ports, int port) : PseudoTerminal() {
-    ports.Link(port, device_);
+    node_ = ports.Directory() / ("." + std::filesystem::path(device_).filename().string());
+    std::filesystem::create_symlink(device_, node_);
+    ports.Link(port, node_);
 }
 
 PseudoTerminal::~PseudoTerminal() {
@@ -125,6 +127,10 @@ bool PseudoTerminal::WaitUntilReadable() const {
 }
 
 void PseudoTerminal::Unplug() {
+    std::error_code ignored;
+    if (!node_.empty()) {
+        std::filesystem::remove(node_, ignored);
+    }
     for (int* const end : {&master_, &slave_}) {
         if (*end >= 0) {
             ::close(std::exchange(*end, -1));

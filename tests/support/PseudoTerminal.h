@@ -52,4 +52,7 @@ private:
     int master_ = -1;
     int slave_ = -1; // kept open, so that the line holds its bytes while no program has it open
     std::string device_;
+    // What the port's entry points to. It goes before the device does: the number of a pseudo terminal is given to the
+    // next one at once, also to that of a test beside this one.
+    std::filesystem::path node_;
 };
