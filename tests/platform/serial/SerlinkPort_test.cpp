@@ -96,6 +96,19 @@ TEST_F(SerlinkPortTest, AcceptsAnAnnouncementInPiecesAndBehindNoise) {
     EXPECT_EQ(device_.Receive(3), "PM\r");
 }
 
+TEST_F(SerlinkPortTest, AwaitsBothBytesOfAnAnnouncementHighByteFirst) {
+    for (const char* announcement : {"A", "B", "BA", "AB"}) {
+        SerlinkPort link({}, {}, Short);
+        SetUpByHand(link);
+        link.EntryMode(0x4142); // "AB"
+        device_.Send(announcement);
+        link.SendCommand();
+        const bool expected = announcement == std::string("AB");
+        EXPECT_EQ(link.Failure() == SerlinkFailure::None, expected) << announcement;
+    }
+    EXPECT_EQ(device_.Receive(3), "PM\r");
+}
+
 TEST_F(SerlinkPortTest, DoesNotTakeAnAnnouncementOutOfALabel) {
     SerlinkPort link({}, {}, Short);
     SetUpByHand(link);
@@ -169,6 +182,17 @@ TEST_F(SerlinkPortTest, ALaterCommandDropsWhatIsUnread) {
     Enter(link);
     device_.Send("\x06");
     ASSERT_TRUE(device_.WaitUntilReadable());
+    link.SendCommand();
+    EXPECT_FALSE(link.CommandSucceeded());
+    EXPECT_EQ(link.Failure(), SerlinkFailure::NotAcknowledged);
+}
+
+TEST_F(SerlinkPortTest, ALaterCommandDropsWhatCameWithTheReply) {
+    SerlinkPort link({}, {}, Short);
+    Enter(link);
+    device_.Send("\x02"
+                 "00123456\x03\x06");
+    ASSERT_TRUE(link.ReceiveReply());
     link.SendCommand();
     EXPECT_FALSE(link.CommandSucceeded());
     EXPECT_EQ(link.Failure(), SerlinkFailure::NotAcknowledged);
