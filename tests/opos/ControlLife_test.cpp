@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <vector>
+
 namespace {
 
 class OposContract : public ::testing::Test {
@@ -148,10 +151,25 @@ TEST_F(OposContract, AClaimedDeviceIsFreeAgainAfterReleaseCloseAndDestruction) {
 TEST_F(OposContract, AClaimWaitsUntilTheDeviceIsFree) {
     const auto other = lane_->Controls().CreateScanner();
     other->Open(ContractLane::ScannerName);
-    other->ClaimDevice(0);
     scanner_->Open(ContractLane::ScannerName);
-    lane_->Dispatcher().Post([&other] { other->ReleaseDevice(); });
-    EXPECT_EQ(scanner_->ClaimDevice(-1), 0);
+    for (const std::int32_t timeout : {-1, 10'000}) {
+        other->ClaimDevice(0);
+        lane_->Dispatcher().Post([&other] { other->ReleaseDevice(); });
+        EXPECT_EQ(scanner_->ClaimDevice(timeout), 0);
+        scanner_->ReleaseDevice();
+    }
+}
+
+TEST_F(OposContract, AWrittenPropertyLeavesItsOwnResult) {
+    scanner_->Open(ContractLane::ScannerName);
+    const std::vector<std::function<void()>> writes = {
+        [this] { scanner_->DataEventEnabled(true); }, [this] { scanner_->AutoDisable(true); },
+        [this] { scanner_->FreezeEvents(true); }, [this] { scanner_->DecodeData(true); }};
+    for (const auto& write : writes) {
+        EXPECT_EQ(scanner_->ReleaseDevice(), OposResult::Illegal);
+        write();
+        EXPECT_EQ(scanner_->ResultCode(), OposResult::Success);
+    }
 }
 
 TEST_F(OposContract, AClaimWithoutLimitEndsWhenItsControlIsClosed) {
