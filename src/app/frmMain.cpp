@@ -22,8 +22,11 @@
 #include <QPushButton>
 #include <QScreen>
 
+#include <algorithm>
+
 namespace {
 
+constexpr int ListBarMargin = 8;
 constexpr const char* CurrentView = "Tag"; // the index of the current view, as decimal text on the list bar
 
 struct View {
@@ -135,7 +138,14 @@ void frmMain::Form_Load(bool showLogLevel) {
 
 void frmMain::BuildListBar() {
     ui_->ListBar->setWrapping(false);
-    ui_->ListBar->setGridSize(QSize(ui_->ListBar->minimumWidth() - 8, 76));
+    // As wide as the widest caption at any size of text, two lines of which have room below the icon.
+    const QFontMetrics metrics = ui_->ListBar->fontMetrics();
+    int width = ui_->ListBar->minimumWidth();
+    for (const View& view : Views)
+        width = std::max(width, metrics.horizontalAdvance(view.caption) + 3 * ListBarMargin);
+    ui_->ListBar->setFixedWidth(width);
+    ui_->ListBar->setGridSize(
+        QSize(width - ListBarMargin, ui_->ListBar->iconSize().height() + 2 * metrics.height() + ListBarMargin));
     for (const View& view : Views) {
         auto* item = new QListWidgetItem(Icon(view.icon), view.caption, ui_->ListBar);
         item->setData(Qt::UserRole, QString(view.key));

@@ -1,6 +1,6 @@
 // Builds the program's parts and wires them.
 #include "app/CommandLine.h"
-#include "app/HelpKey.h"
+#include "platform/help/HelpKey.h"
 #include "app/QtEventDispatcher.h"
 #include "app/RavlinApplication.h"
 #include "app/SystemSerlink.h"

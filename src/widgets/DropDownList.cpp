@@ -2,6 +2,8 @@
 
 #include "profiles/NumberedError.h"
 
+#include <QAbstractItemView>
+#include <QScrollBar>
 #include <QSignalBlocker>
 
 #include <utility>
@@ -64,6 +66,7 @@ void DropDownList::ShowListIndex(int index) {
 
 void DropDownList::showPopup() {
     clicked_ = false;
+    view()->setMinimumWidth(view()->sizeHintForColumn(modelColumn()) + view()->verticalScrollBar()->sizeHint().width());
     QComboBox::showPopup();
 }
 

@@ -36,6 +36,7 @@ public:
     // The first item that begins with text, without regard to case; -1 for none.
     [[nodiscard]] int FindPrefix(const QString& text) const;
 
+    // Opens as wide as its longest item, which may be longer than there is room for in the window.
     void showPopup() override;
 
 signals:

@@ -5,6 +5,7 @@
 
 #include <QIcon>
 #include <QLabel>
+#include <QStringList>
 #include <QVariant>
 
 namespace {
@@ -12,12 +13,24 @@ namespace {
 constexpr QSize PictureSize(240, 180);
 constexpr const char* PictureIdProperty = "pictureId";
 
+QString Label(const CatalogueEntry& entry) {
+    return QString::fromUtf8(entry.label.data(), static_cast<qsizetype>(entry.label.size()));
+}
+
+// For those who do not see it: the models that look like this.
+QString Describe(int pictureId) {
+    QStringList models;
+    for (const CatalogueEntry& entry : ModelCatalogue)
+        if (entry.pictureId == pictureId)
+            models << Label(entry);
+    return models.join(", ");
+}
+
 } // namespace
 
 void FillModelList(DropDownList& list) {
     for (const CatalogueEntry& entry : ModelCatalogue)
-        list.AddItem(QString::fromUtf8(entry.label.data(), static_cast<qsizetype>(entry.label.size())),
-                     entry.pictureId);
+        list.AddItem(Label(entry), entry.pictureId);
 }
 
 void ShowModelPicture(QLabel& label, int pictureId) {
@@ -25,6 +38,7 @@ void ShowModelPicture(QLabel& label, int pictureId) {
     const QPixmap pixmap = picture.pixmap(PictureSize, label.devicePixelRatio());
     label.setPixmap(pixmap);
     label.setProperty(PictureIdProperty, pixmap.isNull() ? 0 : pictureId);
+    label.setAccessibleDescription(Describe(pictureId));
 }
 
 int ShownModelPicture(const QLabel& label) {

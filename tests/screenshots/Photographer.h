@@ -1,24 +1,17 @@
 // Takes pictures of windows as their users see them.
 #pragma once
 
+#include "window_tour/WindowVisitor.h"
+
 #include <QDir>
-#include <QString>
-#include <QStringList>
 
-#include <functional>
-
-class QWidget;
-
-class Photographer {
+class Photographer : public WindowVisitor {
 public:
     // Pictures go to the directory as NAME.png.
     explicit Photographer(const QDir& directory) : directory_(directory) {}
 
-    void Take(QWidget& window, const QString& name) const;
-    // Runs work, which opens modal windows one after the other, takes the picture of each, once it is prepared, and
-    // closes it.
-    void TakeModals(const QStringList& names, const std::function<void()>& work,
-                    const std::function<void(QWidget&)>& prepare = {}) const;
+    // Errors: std::runtime_error where the picture cannot be written.
+    void Visit(QWidget& window, const QString& name) override;
 
 private:
     QDir directory_;

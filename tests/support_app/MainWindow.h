@@ -1,7 +1,7 @@
 // The main window over a store, as the program builds it.
 #pragma once
 
-#include "app/HelpKey.h"
+#include "platform/help/HelpKey.h"
 #include "app/frmMain.h"
 #include "platform/help/HelpViewer.h"
 #include "support_opos/SystemControls.h"

@@ -85,8 +85,8 @@ void BoxWatcher::Answer(QMessageBox& box) {
         return;
     }
     (*next)->shown_ = true;
-    if ((*next)->answer_ == ExpectBox::Escape) {
-        QTest::keyClick(&box, Qt::Key_Escape);
+    if ((*next)->answer_ == ExpectBox::Escape || (*next)->answer_ == ExpectBox::Enter) {
+        QTest::keyClick(&box, (*next)->answer_ == ExpectBox::Escape ? Qt::Key_Escape : Qt::Key_Return);
         return;
     }
     QAbstractButton* button = box.button((*next)->answer_);

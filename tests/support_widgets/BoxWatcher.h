@@ -12,8 +12,9 @@
 // which these objects were made; the box must have been shown before the object's end.
 class ExpectBox {
 public:
-    // Stands for the key instead of a button.
+    // Stand for the keys instead of a button.
     static constexpr QMessageBox::StandardButton Escape = QMessageBox::NoButton;
+    static constexpr QMessageBox::StandardButton Enter = QMessageBox::Default;
 
     ExpectBox(const QString& title, const QString& text, QMessageBox::StandardButton answer = QMessageBox::Ok);
     ~ExpectBox();

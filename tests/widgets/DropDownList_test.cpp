@@ -3,6 +3,7 @@
 #include "profiles/NumberedError.h"
 #include "support_widgets/Controls.h"
 
+#include <QAbstractItemView>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -98,4 +99,12 @@ TEST_F(Drop, WithoutASelectionTheFirstItemsDatumCounts) {
     EXPECT_EQ(list_.ItemData(2), 1002);
     list_.Clear();
     EXPECT_EQ(list_.ItemData(-1), 0);
+}
+
+TEST_F(Drop, OpensAsWideAsItsLongestItem) {
+    list_.setFixedWidth(60);
+    list_.AddItem("A profile of the second lane behind the bakery");
+    list_.showPopup();
+    EXPECT_GE(list_.view()->width(), list_.fontMetrics().horizontalAdvance(list_.itemText(3)));
+    list_.hidePopup();
 }

@@ -276,7 +276,7 @@ TEST_F(Wizard, TabGoesThroughTheFieldsInTheirOrder) {
     window.TypeNames("Lane", "LaneScale");
     window.Widget("txtScannerName_2").setFocus();
     for (const char* name : {"lstInterface_2", "lstScannerComPort_2", "txtScaleName_2", "lstScaleComPort_2",
-                             "lstWeightUnit_2", "lstScaleDisplay_2", "cmdNext", "cmdBack", "txtScannerName_2"}) {
+                             "lstWeightUnit_2", "lstScaleDisplay_2", "cmdBack", "cmdNext", "txtScannerName_2"}) {
         window.Press(Qt::Key_Tab);
         EXPECT_EQ(window.Focus().objectName(), name);
     }

@@ -3,19 +3,25 @@
 #include "lane/LaneRunner.h"
 #include "lane/window/LaneEvents.h"
 #include "lane/window/frmLane.h"
+#include "platform/help/HelpKey.h"
+#include "platform/help/HelpViewer.h"
 
 #include <QApplication>
 #include <QIcon>
 #include <QScreen>
 
+#include <memory>
+
 int RunLaneWindow(int argc, char* argv[], const LaneArguments& arguments) {
-    const QApplication application(argc, argv);
+    QApplication application(argc, argv);
     QApplication::setApplicationName("ravlin-lane");
     QGuiApplication::setDesktopFileName("org.ravlin.lane");
     // Outlives the lane, whose thread reports to it.
     LaneEvents events;
     LaneRunner lane(arguments.options, [&events](const std::string& event) { emit events.Happened(event.c_str()); });
     QApplication::setWindowIcon(QIcon(":/icons/ravlin-48.png"));
+    const std::unique_ptr<HelpViewer> help = CreateHelpViewer();
+    const HelpKey helpKey(application, *help);
     frmLane window(lane, events, arguments.options);
     for (const std::string& command : arguments.commands) {
         window.Execute(QString::fromStdString(command));

@@ -1,6 +1,7 @@
 #include "platform/help/HelpBrowser.h"
 
 #include <QEvent>
+#include <QFocusFrame>
 #include <QIcon>
 #include <QScrollBar>
 
@@ -28,7 +29,7 @@ QColor LinkColour(const QPalette& palette) {
 
 } // namespace
 
-HelpBrowser::HelpBrowser(QWidget* parent) : QTextBrowser(parent) {
+HelpBrowser::HelpBrowser(QWidget* parent) : QTextBrowser(parent), focusFrame_(new QFocusFrame(this)) {
     setOpenExternalLinks(false);
     document()->setDocumentMargin(MarginPx);
     ApplyColours();
@@ -77,6 +78,16 @@ void HelpBrowser::changeEvent(QEvent* event) {
             MarkWords();
         }
     }
+}
+
+void HelpBrowser::focusInEvent(QFocusEvent* event) {
+    QTextBrowser::focusInEvent(event);
+    focusFrame_->setWidget(this);
+}
+
+void HelpBrowser::focusOutEvent(QFocusEvent* event) {
+    QTextBrowser::focusOutEvent(event);
+    focusFrame_->setWidget(nullptr);
 }
 
 // The topics' own style sheet has no colours, so that they follow the theme.

@@ -1,5 +1,5 @@
 // What the help says of the controls there are, in every form of the program.
-#include "app/ControlHelp.h"
+#include "platform/help/ControlHelp.h"
 
 #include <QDialog>
 #include <QDirIterator>
@@ -37,21 +37,20 @@ void ReadControls(const QString& path, std::vector<FormControl>& controls) {
         }
 }
 
-// Of the administrator; the virtual lane is a program of its own, without this help.
 std::vector<FormControl> ControlsOfAllForms() {
     std::vector<FormControl> controls;
     QDirIterator forms(RAVLIN_SOURCES "/src", {"*.ui"}, QDir::Files, QDirIterator::Subdirectories);
     while (forms.hasNext())
-        if (const QString path = forms.next(); !path.contains("/src/lane/"))
-            ReadControls(path, controls);
+        ReadControls(forms.next(), controls);
     return controls;
 }
 
 // What a user works or reads a value in.
 bool WantsExplanation(const FormControl& control) {
-    static const QStringList kinds = {"DropDownList", "QComboBox",   "QLineEdit",    "DigitsBox",    "QPlainTextEdit",
-                                      "QPushButton",  "QCheckBox",   "QRadioButton", "QListWidget",  "QTreeWidget",
-                                      "QTabWidget",   "HelpBrowser", "ValueLabel",   "QProgressBar", "QSpinBox"};
+    static const QStringList kinds = {"DropDownList",   "QComboBox",    "QLineEdit",  "DigitsBox",
+                                      "QPlainTextEdit", "QPushButton",  "QCheckBox",  "QRadioButton",
+                                      "QListWidget",    "QTreeWidget",  "QTabWidget", "HelpBrowser",
+                                      "ValueLabel",     "QProgressBar", "QSpinBox",   "QSlider"};
     return kinds.contains(control.kind);
 }
 
@@ -130,6 +129,12 @@ TEST(ControlHelp, KnowsMessageBoxesByTheirTitle) {
     EXPECT_EQ(help.TopicOf(box.button(QMessageBox::Ok)), "messages#delete-error");
     box.setWindowTitle("Error loading [Lane 1]");
     EXPECT_EQ(help.TopicOf(&box), "messages#error-loading");
+}
+
+TEST(ControlHelp, SaysWhatTheButtonsOfAMessageBoxDo) {
+    const ControlHelp help;
+    const QMessageBox box(QMessageBox::NoIcon, "Delete Error", "text", QMessageBox::Ok);
+    EXPECT_FALSE(help.WhatsThis(*box.button(QMessageBox::Ok)).isEmpty());
 }
 
 TEST(ControlHelp, BeginsAtTheFirstTopicWhereNothingIsKnown) {

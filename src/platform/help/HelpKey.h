@@ -2,7 +2,7 @@
 // title bar say in a sentence or two what it is.
 #pragma once
 
-#include "app/ControlHelp.h"
+#include "platform/help/ControlHelp.h"
 
 #include <QObject>
 

@@ -1,4 +1,4 @@
-#include "WindowTour.h"
+#include "window_tour/WindowTour.h"
 
 #include "lane/window/frmLane.h"
 #include "profiles/CAveryScale.h"
@@ -23,6 +23,7 @@
 
 namespace {
 
+constexpr int LookForModalMs = 20;
 constexpr const char* Label = "]E05018374827715";
 
 // A machine with a few profiles.
@@ -62,8 +63,8 @@ QWidget& ShownWindow(const QString& name) {
 
 } // namespace
 
-WindowTour::WindowTour(const Photographer& photographer)
-    : photographer_(photographer),
+WindowTour::WindowTour(WindowVisitor& visitor)
+    : visitor_(visitor),
       runtime_("XDG_RUNTIME_DIR", MakeDirectory(places_.Path() / "run")),
       state_("XDG_STATE_HOME", MakeDirectory(places_.Path() / "state")),
       options_{.directory = ports_.Directory()},
@@ -76,6 +77,45 @@ WindowTour::WindowTour(const Photographer& photographer)
 }
 
 WindowTour::~WindowTour() = default;
+
+void WindowTour::GoThrough() {
+    ShowNewProfile();
+    ShowPages();
+    ShowProgramming();
+    ShowTests();
+    ShowDialogs();
+    ShowMenusAndHelp();
+    ShowWizard();
+    ShowLane();
+}
+
+void WindowTour::Show(QWidget& window, const QString& name) {
+    QCoreApplication::processEvents();
+    visitor_.Visit(window, name);
+}
+
+void WindowTour::ShowModals(const QStringList& names, const std::function<void()>& work,
+                            const std::function<void(QWidget&)>& prepare) {
+    QStringList left = names;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        QWidget* modal = QApplication::activeModalWidget();
+        if (modal == nullptr)
+            return;
+        timer.stop(); // a visit may take its time
+        if (prepare)
+            prepare(*modal);
+        if (!left.isEmpty())
+            Show(*modal, left.takeFirst());
+        modal->close();
+        timer.start();
+    });
+    timer.setInterval(LookForModalMs);
+    timer.start();
+    work();
+    if (!left.isEmpty())
+        throw std::runtime_error(("no modal window for " + left.first()).toStdString());
+}
 
 void WindowTour::Lane(const std::string& command) {
     const std::string answer = lane_.Execute(command);
@@ -93,63 +133,62 @@ void WindowTour::AwaitText(QWidget& window, const QString& label) {
         throw std::runtime_error((label + " stays empty").toStdString());
 }
 
-void WindowTour::TakeNewProfile() {
+void WindowTour::ShowNewProfile() {
     frmMain& main = **window_;
     main.ShowView(0);
-    photographer_.Take(main, "new-profile-start");
+    Show(main, "new-profile-start");
     window_->List("lstNewModelNumber").SetListIndex(1);
     window_->List("lstNewScale").SetListIndex(1);
     Control<QLineEdit>(main, "txtNewDeviceName").setText("Lane 2");
-    photographer_.Take(main, "new-profile");
+    Show(main, "new-profile");
     window_->List("lstNewDeviceType").SetListIndex(1);
-    photographer_.Take(main, "new-profile-scale");
+    Show(main, "new-profile-scale");
     window_->List("lstNewDeviceType").SetListIndex(0);
-    photographer_.TakeModals({"configure-scale", "profile-created", "program-question"},
-                             [this] { Press("cmdNewSave"); });
+    ShowModals({"configure-scale", "profile-created", "program-question"}, [this] { Press("cmdNewSave"); });
 }
 
-void WindowTour::TakeProgramming() {
+void WindowTour::ShowProgramming() {
     (*window_)->ShowView(1);
     Lane("pace on");
     QTimer timer;
-    bool taken = false;
+    bool shown = false;
     QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
         QWidget& session = ShownWindow("frmProgram");
-        if (taken || !Control<QLabel>(session, "lblStep").text().startsWith("Reading") ||
+        if (shown || !Control<QLabel>(session, "lblStep").text().startsWith("Reading") ||
             Control<QLabel>(session, "lblBytes").text().isEmpty())
             return;
-        taken = true;
-        photographer_.Take(session, "programming");
+        shown = true;
+        Show(session, "programming");
     });
     timer.start(200);
     Press("cmdExistingProgram");
     timer.stop();
     Lane("pace off");
-    photographer_.Take(ShownWindow("frmProgram"), "programming-success");
+    Show(ShownWindow("frmProgram"), "programming-success");
     Press("cmdClose");
     Lane("refuse 1");
     WaitUntil([] { return QApplication::activeModalWidget() == nullptr; });
     Press("cmdExistingProgram");
-    photographer_.Take(ShownWindow("frmProgram"), "programming-failure");
+    Show(ShownWindow("frmProgram"), "programming-failure");
     Press("cmdClose");
-    if (!taken)
-        throw std::runtime_error("the session was over before its picture was taken");
+    if (!shown)
+        throw std::runtime_error("the session was over before it was shown");
 }
 
-void WindowTour::TakePages() {
+void WindowTour::ShowPages() {
     const std::array<const char*, 5> names = {"", "modify-profile", "simple-test", "detailed-test",
                                               "device-information"};
     for (const int view : {1, 4}) {
         (*window_)->ShowView(view);
-        photographer_.Take(**window_, names.at(static_cast<std::size_t>(view)));
+        Show(**window_, names.at(static_cast<std::size_t>(view)));
     }
     window_->List("lstExistingDeviceType").SetListIndex(1);
     (*window_)->ShowView(1);
-    photographer_.Take(**window_, "modify-profile-scale");
+    Show(**window_, "modify-profile-scale");
     window_->List("lstExistingDeviceType").SetListIndex(0);
 }
 
-void WindowTour::TakeTests() {
+void WindowTour::ShowTests() {
     frmMain& main = **window_;
     main.ShowView(2);
     window_->List("lstSimpleDeviceName_1").SetListIndex(window_->List("lstSimpleDeviceName_1").FindPrefix("Lane 1"));
@@ -158,7 +197,7 @@ void WindowTour::TakeTests() {
     Lane(std::string("scan 1 ") + Label);
     AwaitText(main, "lblSimpleScanData");
     AwaitText(main, "lblSimpleScaleWeight");
-    photographer_.Take(main, "simple-test");
+    Show(main, "simple-test");
     Press("cmdSimpleScannerEnd");
     Press("cmdSimpleScaleEnd");
 
@@ -169,82 +208,82 @@ void WindowTour::TakeTests() {
     Control<QCheckBox>(main, "chkDetailedDataEventAlways").click();
     Lane(std::string("scan 1 ") + Label);
     AwaitText(main, "lblDetailedScanDataLabel");
-    photographer_.Take(main, "detailed-test");
-    photographer_.TakeModals({"direct-io"}, [this] { Press("cmdDetailedDirectIO"); });
-    photographer_.TakeModals(
+    Show(main, "detailed-test");
+    ShowModals({"direct-io"}, [this] { Press("cmdDetailedDirectIO"); });
+    ShowModals(
         {"statistics"}, [this] { Press("cmdDetailedRetrieveStatistics"); },
         [](QWidget& dialog) { Click(Control<QPushButton>(dialog, "cmdRetrieveStatistics")); });
     Press("cmdDetailedClose");
     window_->List("lstDetailedDeviceType").SetListIndex(1);
-    photographer_.Take(main, "detailed-test-scale");
+    Show(main, "detailed-test-scale");
 }
 
-void WindowTour::TakeDialogs() {
-    photographer_.TakeModals({"about"}, [this] { window_->Menu("mnuHelpAbout"); });
+void WindowTour::ShowDialogs() {
+    ShowModals({"about"}, [this] { window_->Menu("mnuHelpAbout"); });
     window_->Menu("mnuGlobalConfig");
     QWidget& configuration = ShownWindow("frmGlobalConfig");
-    photographer_.Take(configuration, "global-configuration");
+    Show(configuration, "global-configuration");
     configuration.close();
 }
 
-void WindowTour::TakeMenusAndHelp() {
+void WindowTour::ShowMenusAndHelp() {
     for (const char* name : {"mnuFile", "mnuTest", "mnuHelp"}) {
         auto& menu = Control<QMenu>(**window_, name);
         menu.popup({});
-        photographer_.Take(menu, QString(name).replace("mnu", "menu-").toLower());
+        Show(menu, QString(name).replace("mnu", "menu-").toLower());
         menu.close();
     }
     window_->Menu("mnuHelpContents");
     QWidget& help = ShownWindow("frmHelp");
-    photographer_.Take(help, "help-contents");
+    Show(help, "help-contents");
     QTest::keyClick(&window_->List("lstNewScale"), Qt::Key_F1);
-    photographer_.Take(help, "help-topic");
+    Show(help, "help-topic");
     window_->Menu("mnuHelpIndex");
     Control<QLineEdit>(help, "txtIndexFilter").setText("port");
-    photographer_.Take(help, "help-index");
+    Show(help, "help-index");
     Control<QTabWidget>(help, "tabHelp").setCurrentIndex(2);
     Control<QLineEdit>(help, "txtSearch").setText("zero weight");
     QTest::keyClick(&Control<QLineEdit>(help, "txtSearch"), Qt::Key_Return);
-    photographer_.Take(help, "help-search");
+    Show(help, "help-search");
     help.close();
 }
 
 void WindowTour::WorkWizard(QWidget& wizard) {
     const auto next = [&wizard] { Click(Control<QPushButton>(wizard, "cmdNext")); };
-    photographer_.Take(wizard, "wizard-welcome");
+    Show(wizard, "wizard-welcome");
     next();
     auto& models = Control<DropDownList>(wizard, "lstModelNumber");
     models.SetListIndex(models.FindPrefix("Pelerin/3172"));
-    photographer_.Take(wizard, "wizard-select-scanner");
+    Show(wizard, "wizard-select-scanner");
     next();
     Control<DropDownList>(wizard, "lstScaleType").SetListIndex(1);
-    photographer_.Take(wizard, "wizard-scale-type");
+    Show(wizard, "wizard-scale-type");
     next();
     Control<QLineEdit>(wizard, "txtScannerName_1").setText("Lane 4");
     Control<QLineEdit>(wizard, "txtScaleName_1").setText("Lane 4 scale");
     Control<DropDownList>(wizard, "lstWeightUnit_1").SetListIndex(1);
-    photographer_.Take(wizard, "wizard-options");
+    Show(wizard, "wizard-options");
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
         if (!Control<QWidget>(wizard, "fraWizard_4").isVisible())
             return;
         timer.stop();
-        photographer_.Take(wizard, "wizard-configuration");
+        Show(wizard, "wizard-configuration");
     });
     timer.start(1);
     next(); // programs the scanner, which leads on to its test
     Lane(std::string("scan 1 ") + Label);
     AwaitText(wizard, "lblScanData");
-    photographer_.Take(wizard, "wizard-test-scanner");
+    Show(wizard, "wizard-test-scanner");
     next();
     AwaitText(wizard, "lblWeight");
-    photographer_.Take(wizard, "wizard-test-scale");
+    Show(wizard, "wizard-test-scale");
     next();
-    photographer_.Take(wizard, "wizard-finished");
+    Show(wizard, "wizard-finished");
     Click(Control<QPushButton>(wizard, "cmdFinish"));
 }
 
-void WindowTour::TakeWizard() {
+void WindowTour::ShowWizard() {
     std::string failure;
     QTimer::singleShot(0, qApp, [&] {
         QWidget& wizard = ShownWindow("frmWizard");
@@ -260,9 +299,9 @@ void WindowTour::TakeWizard() {
         throw std::runtime_error("wizard: " + failure);
 }
 
-void WindowTour::TakeLane() {
+void WindowTour::ShowLane() {
     frmLane lane(lane_, events_, options_);
     lane.show();
     QCoreApplication::processEvents();
-    photographer_.Take(lane, "virtual-lane");
+    Show(lane, "virtual-lane");
 }

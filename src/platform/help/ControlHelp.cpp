@@ -1,4 +1,4 @@
-#include "app/ControlHelp.h"
+#include "platform/help/ControlHelp.h"
 
 #include "widgets/MessageBox.h"
 
@@ -66,6 +66,9 @@ QString ControlHelp::TopicOf(const QObject* control) const {
 QString ControlHelp::WhatsThis(const QObject& control) const {
     if (const auto* label = qobject_cast<const QLabel*>(&control); label != nullptr && label->buddy() != nullptr)
         return WhatsThis(*label->buddy());
+    for (const QObject* owner = control.parent(); owner != nullptr; owner = owner->parent())
+        if (IsMessageBox(*owner))
+            return whatsThis_.value("message box");
     return Find(whatsThis_, control);
 }
 

@@ -1,4 +1,4 @@
-#include "app/HelpKey.h"
+#include "platform/help/HelpKey.h"
 
 #include "platform/help/HelpViewer.h"
 #include "widgets/MessageBox.h"
@@ -35,7 +35,7 @@ bool HelpKey::eventFilter(QObject* watched, QEvent* event) {
     if (!watched->isWidgetType())
         return false;
     auto& control = static_cast<QWidget&>(*watched);
-    if (event->type() == QEvent::Polish) {
+    if (event->type() == QEvent::Polish || event->type() == QEvent::Show) {
         Explain(control);
     } else if (event->type() == QEvent::KeyPress) {
         const auto* key = static_cast<const QKeyEvent*>(event);
@@ -57,7 +57,7 @@ void HelpKey::ShowTopicOf(QWidget& control) {
     viewer_.ShowTopic(topic, WindowOf(control));
 }
 
-// Before the control is shown for the first time, when its name and its window are settled.
+// Before the control is shown for the first time; one that was polished before it got into its window, once it shows.
 void HelpKey::Explain(QWidget& control) const {
     if (control.whatsThis().isEmpty())
         control.setWhatsThis(help_.WhatsThis(control));
