@@ -1,12 +1,12 @@
 // Builds the program's parts and wires them.
 #include "app/CommandLine.h"
-#include "platform/help/HelpKey.h"
 #include "app/QtEventDispatcher.h"
 #include "app/RavlinApplication.h"
 #include "app/SystemSerlink.h"
 #include "app/frmMain.h"
 #include "app/modPrevInstance.h"
 #include "opos/OposControls.h"
+#include "platform/help/HelpKey.h"
 #include "platform/help/HelpViewer.h"
 #include "platform/instance/PreviousInstance.h"
 #include "profiles/RegistryStore.h"

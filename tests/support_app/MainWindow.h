@@ -1,8 +1,8 @@
 // The main window over a store, as the program builds it.
 #pragma once
 
-#include "platform/help/HelpKey.h"
 #include "app/frmMain.h"
+#include "platform/help/HelpKey.h"
 #include "platform/help/HelpViewer.h"
 #include "support_opos/SystemControls.h"
 #include "support_widgets/Controls.h"
