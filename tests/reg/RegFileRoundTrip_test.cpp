@@ -86,12 +86,12 @@ TEST(RegFileRoundTrip, AnImportBringsBackWhatAnExportWrote) {
         tree->Commit();
 
         TemporaryDirectory directory;
-        const std::string file = directory.Path() / "lane.reg";
+        const std::string file = (directory.Path() / "lane.reg").string();
         RunReg(registry, {"export", "HKLM\\Lane", file});
         TemporaryRegistry other;
         RunReg(other, {"import", file});
         ASSERT_EQ(KeysBelow(other, "Lane"), KeysBelow(registry, "Lane")) << "round " << round;
-        const std::string again = directory.Path() / "again.reg";
+        const std::string again = (directory.Path() / "again.reg").string();
         RunReg(other, {"export", "HKLM\\Lane", again});
         ASSERT_EQ(Bytes(again), Bytes(file)) << "round " << round;
     }

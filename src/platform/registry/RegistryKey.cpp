@@ -146,9 +146,11 @@ std::optional<RegistryValue> RegistryKey::Value(const std::string& name) const {
 }
 
 void RegistryKey::Put(const RegistryValue& value) const {
-    const std::string data = ToSystem(value);
+    std::string data = ToSystem(value);
+    const auto length = static_cast<DWORD>(data.size());
+    data += "\x01\x01"; // a zero here would be taken for the end that a list of texts lacks, and be stored with it
     Check(RegSetValueExW(key_, Wide(value.name).c_str(), 0, value.type, reinterpret_cast<const BYTE*>(data.data()),
-                         static_cast<DWORD>(data.size())));
+                         length));
 }
 
 void RegistryKey::DropValue(const std::string& name) const {

@@ -35,6 +35,17 @@ TEST(RegistryTree, KeepsTypesAndBytesAsTheyAre) {
     EXPECT_EQ(registry.Values("Lane"), values);
 }
 
+TEST(RegistryTree, AddsNoEndToAListOfTextsThatHasNone) {
+    TemporaryRegistry registry;
+    const std::string list(14, 'a');
+    const auto tree = registry.Tree();
+    for (const std::size_t length : {14U, 13U, 2U, 0U})
+        tree->SetValue(Machine, "Lane", {std::to_string(length), RegistryType::MultiString, list.substr(0, length)});
+    tree->Commit();
+    for (const std::size_t length : {14U, 13U, 2U, 0U})
+        EXPECT_EQ(tree->Value(Machine, "Lane", std::to_string(length)).value().data, list.substr(0, length));
+}
+
 TEST(RegistryTree, ReplacingAValueKeepsItsPlaceAndTheCaseOfItsName) {
     TemporaryRegistry registry;
     const auto tree = registry.Tree();
