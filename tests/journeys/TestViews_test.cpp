@@ -13,7 +13,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <optional>
 
 namespace {
@@ -89,7 +88,7 @@ TEST_F(TestViews, AScannerUnpluggedDuringItsTestLeavesAPageThatGoesOn) {
     {
         const ExpectBox box("OPOS Error", "An error occured while attempting to open the specified device.\r\n"
                                           "Result Code: 101");
-        std::filesystem::remove(site_.ports.Entry(1));
+        site_.ports.Remove(1);
         Press("cmdSimpleScannerBegin");
     }
     EXPECT_TRUE(Get<QPushButton>("cmdSimpleScannerBegin").isEnabled());

@@ -1,8 +1,10 @@
-// Serial lines for tests: pseudo terminals linked as "COMn" in a port directory of their own.
+// Serial lines for tests: pseudo terminals linked as "COMn" in a port directory of their own. On Windows, which has
+// none, they are lines within this process, for the control objects alone (support_opos).
 #pragma once
 
 #include <chrono>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -14,9 +16,13 @@ public:
     TemporaryPorts(const TemporaryPorts&) = delete;
     TemporaryPorts& operator=(const TemporaryPorts&) = delete;
 
+    // Not on Windows.
     [[nodiscard]] const std::filesystem::path& Directory() const { return directory_; }
-    // Where "COMn" lies, whether it exists or not.
+    // Where "COMn" lies, whether it exists or not; not on Windows.
     [[nodiscard]] std::filesystem::path Entry(int port) const;
+    // Takes a port away whose terminal was unplugged.
+    void Remove(int port) const;
+    // Not on Windows.
     void Link(int port, const std::filesystem::path& device) const;
 
 private:
@@ -49,8 +55,8 @@ public:
     void Unplug();
 
 private:
-    int master_ = -1;
-    int slave_ = -1; // kept open, so that the line holds its bytes while no program has it open
+    class Ends;
+    std::shared_ptr<Ends> ends_;
     std::string device_;
     // What the port's entry points to. It goes before the device does: the number of a pseudo terminal is given to the
     // next one at once, also to that of a test beside this one.

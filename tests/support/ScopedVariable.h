@@ -11,18 +11,16 @@ public:
     ScopedVariable(std::string name, const std::string& value) : name_(std::move(name)) {
         if (const char* former = std::getenv(name_.c_str()))
             former_ = former;
-        setenv(name_.c_str(), value.c_str(), 1);
+        Set(name_, value);
     }
-    ~ScopedVariable() {
-        if (former_)
-            setenv(name_.c_str(), former_->c_str(), 1);
-        else
-            unsetenv(name_.c_str());
-    }
+    ~ScopedVariable() { Set(name_, former_); }
     ScopedVariable(const ScopedVariable&) = delete;
     ScopedVariable& operator=(const ScopedVariable&) = delete;
 
 private:
+    // Without a value the variable goes.
+    static void Set(const std::string& name, const std::optional<std::string>& value);
+
     std::string name_;
     std::optional<std::string> former_;
 };

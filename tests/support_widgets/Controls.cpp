@@ -1,12 +1,23 @@
 #include "support_widgets/Controls.h"
 
 #include <QAbstractItemView>
+#include <QCheckBox>
+#include <QRadioButton>
 #include <QStringList>
 #include <QTest>
 
 namespace {
+
 constexpr int WaitLimitMs = 10000;
+
+// A box takes clicks on itself and its text alone, though the control may be wider.
+QPoint PlaceOfClick(const QWidget& button) {
+    if (qobject_cast<const QCheckBox*>(&button) != nullptr || qobject_cast<const QRadioButton*>(&button) != nullptr)
+        return {button.height() / 2, button.height() / 2};
+    return button.rect().center();
 }
+
+} // namespace
 
 QString ControlNames(const QWidget& window) {
     QStringList names;
@@ -38,7 +49,7 @@ void Choose(DropDownList& list, const QString& text) {
 void Click(QWidget& button) {
     if (!button.isEnabled() || button.isHidden())
         throw std::runtime_error(("no user can click " + button.objectName()).toStdString());
-    QTest::mouseClick(&button, Qt::LeftButton);
+    QTest::mouseClick(&button, Qt::LeftButton, {}, PlaceOfClick(button));
 }
 
 QStringList Items(const DropDownList& list) {

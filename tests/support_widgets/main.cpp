@@ -17,7 +17,7 @@ int main(int argc, char** argv) {
     if (::testing::GTEST_FLAG(list_tests))
         return RUN_ALL_TESTS();
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+        qputenv("QT_QPA_PLATFORM", RAVLIN_TEST_PLATFORM);
     RavlinApplication application(argc, argv);
     const BoxWatcher watcher(&application);
     return RUN_ALL_TESTS();

@@ -2,8 +2,8 @@
 
 #include "views/TestSite.h"
 
-#include <QCoreApplication>
 #include <QEvent>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -104,7 +104,7 @@ TEST_F(DeviceInformation, TheClearedPageIsPaintedBeforeADeviceIsOpened) {
     } painted(c_.Label("lblInfoDeviceName"));
     QString beforeOpening;
     scanner_.onOpen = [&] { beforeOpening = painted.text; };
-    QCoreApplication::processEvents();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&page_));
     Choose(c_.List("lstInfoDeviceName_0"), "Other");
     EXPECT_EQ(beforeOpening, "");
 }

@@ -11,27 +11,6 @@
 
 namespace {
 
-VARIANT Long(std::int32_t number) {
-    VARIANT value{};
-    value.vt = VT_I4;
-    value.lVal = number;
-    return value;
-}
-
-VARIANT Reference(LONG& number) {
-    VARIANT value{};
-    value.vt = VT_BYREF | VT_I4;
-    value.plVal = &number;
-    return value;
-}
-
-VARIANT Reference(BSTR& text) {
-    VARIANT value{};
-    value.vt = VT_BYREF | VT_BSTR;
-    value.pbstrVal = &text;
-    return value;
-}
-
 class ComControls : public testing::Test {
 protected:
     ComControls() {
@@ -39,7 +18,7 @@ protected:
                            {L"DataCount", 3},        {L"ScanDataType", 104}, {L"WeightUnit", 4},
                            {L"MaximumWeight", 30000}};
         device_.flags = {{L"DeviceEnabled", false}, {L"DataEventEnabled", false}, {L"Claimed", true}};
-        device_.texts = {{L"DeviceName", L"Kasse \u00FC"}, {L"ScanData", L"A\u00E9\u20AC"}};
+        device_.texts = {{L"DeviceName", "Kasse \xC3\xBC"}, {L"ScanData", "A\xC3\xA9\xE2\x82\xAC"}};
         const auto success = [](std::vector<VARIANT*>&) { return 0; };
         device_.methods = {{L"Open", success}, {L"Close", success}, {L"ClaimDevice", success}};
     }

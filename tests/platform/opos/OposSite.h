@@ -1,4 +1,4 @@
-// Where the native control objects live in a test: a registry, ports, and places for claims and statistics of its own.
+// Where control objects live in a test: a registry, ports, and places for claims and statistics of its own.
 #pragma once
 
 #include "opos/OposControls.h"
@@ -11,6 +11,7 @@
 #include "support/ScopedVariable.h"
 #include "support/TemporaryDirectory.h"
 #include "support/TemporaryRegistry.h"
+#include "support_opos/InstalledControls.h"
 
 #include <memory>
 #include <string>
@@ -22,6 +23,7 @@ struct OposSite {
     TemporaryPorts ports;
     TemporaryRegistry registry;
     QueuedDispatcher dispatcher;
+    InstalledControls installed{registry, dispatcher};
     std::unique_ptr<OposControls> controls = OpenSystemControls(registry, dispatcher);
 
     void SaveScanner(const std::string& name, std::int16_t port, std::int16_t scannerType = 0) {

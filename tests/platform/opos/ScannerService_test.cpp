@@ -82,7 +82,7 @@ TEST_F(Scanners, ReportOnceThatTheyWereUnpluggedAndComeBack) {
     EXPECT_EQ(scanner_->DirectIO(1, data, text), 0);
     EXPECT_EQ(data, 0);
 
-    std::filesystem::remove(site_.ports.Entry(1));
+    site_.ports.Remove(1);
     line_ = std::make_unique<PseudoTerminal>(site_.ports, 1);
     ASSERT_TRUE(RunUntil([&] { return scanner_->DirectIO(1, data, text) == 0 && data == 1; }));
     EXPECT_TRUE(ExpectLabel("AFTER"));

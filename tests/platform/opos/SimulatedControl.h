@@ -1,49 +1,38 @@
-// A control object of the tests' own, in this process: late bound, with events by a connection point, as the OPOS
-// control objects are.
+// A control object that holds and does what a test tells it to.
 #pragma once
 
-#include "platform/opos/ComObject.h"
+#include "support_opos/ComServer.h"
 
-#include <functional>
 #include <map>
-#include <memory>
 #include <string>
 #include <vector>
 
-#include <ocidl.h>
-
-// What a control object holds and does; tests look into it and change it. A name that is in none of the maps is no
+// What is behind every object of the class; tests look into it and change it. A name that is in none of the maps is no
 // member of the object.
-struct SimulatedDevice {
+class SimulatedDevice final : public ServedControl {
+public:
     std::map<std::wstring, std::int32_t> numbers;
     std::map<std::wstring, bool> flags;
-    std::map<std::wstring, std::wstring> texts;
-    // Arguments in the order of declaration.
+    std::map<std::wstring, std::string> texts; // UTF-8
     using Method = std::function<std::int32_t(std::vector<VARIANT*>&)>;
     std::map<std::wstring, Method> methods;
     // Called behind the write of a property.
     std::function<void(const std::wstring&)> written;
     std::vector<std::string> log; // calls and writes
-    HRESULT refusal = S_OK;       // what every call answers
-    int alive = 0;                // objects that were made and not released
-    int connected = 0;            // sinks that listen
 
-    // Fires an event as a control object does: the sink is asked for the id first, and any answer but E_NOTIMPL and an
-    // id drops the event. Arguments in the order of declaration. False where nobody listened.
-    bool Fire(DISPID id, const wchar_t* name, std::vector<VARIANT> arguments);
-
-    ComReference<IDispatch> sink;
+    [[nodiscard]] bool IsProperty(const std::wstring& name) const override;
+    [[nodiscard]] bool IsMethod(const std::wstring& name) const override { return methods.contains(name); }
+    [[nodiscard]] ComValue Get(const std::wstring& property) override;
+    void Put(const std::wstring& property, bool flag) override;
+    std::int32_t Call(const std::wstring& method, std::vector<VARIANT*>& arguments) override;
 };
 
-// Makes the device's objects known under the ProgID, in this process alone, as long as it lives.
+// Makes the device, which outlives it, known under the ProgID.
 class SimulatedControl {
 public:
-    SimulatedControl(std::wstring progId, SimulatedDevice& device);
-    ~SimulatedControl();
-    SimulatedControl(const SimulatedControl&) = delete;
-    SimulatedControl& operator=(const SimulatedControl&) = delete;
+    SimulatedControl(const std::wstring& progId, SimulatedDevice& device)
+        : class_(progId, [&device] { return std::shared_ptr<ServedControl>(std::shared_ptr<void>(), &device); }) {}
 
 private:
-    std::wstring key_;
-    DWORD cookie_ = 0;
+    ServedClass class_;
 };

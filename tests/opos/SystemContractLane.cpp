@@ -1,4 +1,4 @@
-// The contract's lane over the native control objects.
+// The contract's lane over the control objects of this system.
 #include "opos/ContractLane.h"
 #include "platform/opos/OposSite.h"
 #include "platform/opos/SimulatedScale.h"
@@ -7,9 +7,9 @@
 
 namespace {
 
-class NativeContractLane final : public ContractLane {
+class SystemContractLane final : public ContractLane {
 public:
-    NativeContractLane() {
+    SystemContractLane() {
         site_.SaveScanner(ScannerName, 1);
         site_.SaveScale(ScaleName, 2);
         site_.SaveScaleAs<CAveryScale>(SynchronousScaleName, 3);
@@ -51,5 +51,5 @@ private:
 } // namespace
 
 std::unique_ptr<ContractLane> MakeContractLane() {
-    return std::make_unique<NativeContractLane>();
+    return std::make_unique<SystemContractLane>();
 }

@@ -31,6 +31,40 @@ bool WaitFor(int descriptor, short events, Clock::time_point deadline) {
 
 } // namespace
 
+class PseudoTerminal::Ends {
+public:
+    Ends() : master_(::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC)) {
+        Require(master_ >= 0 && ::grantpt(master_) == 0 && ::unlockpt(master_) == 0, "pseudo terminal");
+        name_ = std::string(128, '\0');
+        Require(::ptsname_r(master_, name_.data(), name_.size()) == 0, "pseudo terminal's name");
+        name_.resize(name_.find('\0'));
+        slave_ = ::open(name_.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC);
+        Require(slave_ >= 0, "pseudo terminal's device");
+        termios line{};
+        Require(::tcgetattr(slave_, &line) == 0, "pseudo terminal's settings");
+        ::cfmakeraw(&line);
+        Require(::tcsetattr(slave_, TCSANOW, &line) == 0, "pseudo terminal's settings");
+    }
+    ~Ends() { Close(); }
+    Ends(const Ends&) = delete;
+    Ends& operator=(const Ends&) = delete;
+
+    [[nodiscard]] const std::string& Name() const { return name_; }
+    [[nodiscard]] int Master() const { return master_; }
+    [[nodiscard]] int Slave() const { return slave_; }
+
+    void Close() {
+        for (int* const end : {&master_, &slave_})
+            if (*end >= 0)
+                ::close(std::exchange(*end, -1));
+    }
+
+private:
+    int master_ = -1;
+    int slave_ = -1; // kept open, so that the line holds its bytes while no program has it open
+    std::string name_;
+};
+
 TemporaryPorts::TemporaryPorts() {
     std::string name = (std::filesystem::temp_directory_path() / "ravlin-ports-XXXXXX").string();
     Require(::mkdtemp(name.data()) != nullptr, "temporary port directory");
@@ -55,22 +89,15 @@ std::filesystem::path TemporaryPorts::Entry(int port) const {
     return directory_ / ("COM" + std::to_string(port));
 }
 
+void TemporaryPorts::Remove(int port) const {
+    std::filesystem::remove(Entry(port));
+}
+
 void TemporaryPorts::Link(int port, const std::filesystem::path& device) const {
     std::filesystem::create_symlink(device, Entry(port));
 }
 
-PseudoTerminal::PseudoTerminal() : master_(::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC)) {
-    Require(master_ >= 0 && ::grantpt(master_) == 0 && ::unlockpt(master_) == 0, "pseudo terminal");
-    std::array<char, 128> name{};
-    Require(::ptsname_r(master_, name.data(), name.size()) == 0, "pseudo terminal's name");
-    device_ = name.data();
-    slave_ = ::open(name.data(), O_RDWR | O_NOCTTY | O_CLOEXEC);
-    Require(slave_ >= 0, "pseudo terminal's device");
-    termios line{};
-    Require(::tcgetattr(slave_, &line) == 0, "pseudo terminal's settings");
-    ::cfmakeraw(&line);
-    Require(::tcsetattr(slave_, TCSANOW, &line) == 0, "pseudo terminal's settings");
-}
+PseudoTerminal::PseudoTerminal() : ends_(std::make_shared<Ends>()), device_(ends_->Name()) {}
 
 PseudoTerminal::PseudoTerminal(const TemporaryPorts& ports, int port) : PseudoTerminal() {
     node_ = ports.Directory() / ("." + std::filesystem::path(device_).filename().string());
@@ -86,9 +113,10 @@ void PseudoTerminal::Send(const std::string& bytes) const {
     const auto deadline = Clock::now() + std::chrono::seconds(5);
     std::size_t sent = 0;
     while (sent < bytes.size()) {
-        Require(WaitFor(master_, POLLOUT, deadline), "sending to the program");
+        Require(WaitFor(ends_->Master(), POLLOUT, deadline), "sending to the program");
         // Small pieces: a write that does not fit would wait without limit.
-        const auto count = ::write(master_, bytes.data() + sent, std::min<std::size_t>(bytes.size() - sent, 256));
+        const auto count =
+            ::write(ends_->Master(), bytes.data() + sent, std::min<std::size_t>(bytes.size() - sent, 256));
         Require(count > 0, "sending to the program");
         sent += static_cast<std::size_t>(count);
     }
@@ -97,9 +125,9 @@ void PseudoTerminal::Send(const std::string& bytes) const {
 std::string PseudoTerminal::Receive(std::size_t count, std::chrono::milliseconds limit) const {
     const auto deadline = Clock::now() + limit;
     std::string received;
-    while (received.size() < count && WaitFor(master_, POLLIN, deadline)) {
+    while (received.size() < count && WaitFor(ends_->Master(), POLLIN, deadline)) {
         std::array<char, 4096> buffer{};
-        const auto got = ::read(master_, buffer.data(), std::min(buffer.size(), count - received.size()));
+        const auto got = ::read(ends_->Master(), buffer.data(), std::min(buffer.size(), count - received.size()));
         if (got <= 0) {
             break;
         }
@@ -123,17 +151,12 @@ std::string PseudoTerminal::ReceiveUntil(const std::string& text, std::chrono::m
 }
 
 bool PseudoTerminal::WaitUntilReadable() const {
-    return WaitFor(slave_, POLLIN, Clock::now() + std::chrono::seconds(5));
+    return WaitFor(ends_->Slave(), POLLIN, Clock::now() + std::chrono::seconds(5));
 }
 
 void PseudoTerminal::Unplug() {
     std::error_code ignored;
-    if (!node_.empty()) {
-        std::filesystem::remove(node_, ignored);
-    }
-    for (int* const end : {&master_, &slave_}) {
-        if (*end >= 0) {
-            ::close(std::exchange(*end, -1));
-        }
-    }
+    if (const auto node = std::exchange(node_, {}); !node.empty()) // only once: the next one may have its name
+        std::filesystem::remove(node, ignored);
+    ends_->Close();
 }
