@@ -2,6 +2,7 @@
 
 #include "profiles/NumberedError.h"
 #include "widgets/MessageBox.h"
+#include "widgets/OutlinedStyle.h"
 
 #include <QIcon>
 
@@ -28,6 +29,7 @@ RavlinApplication::RavlinApplication(int& argc, char** argv) : QApplication(argc
     for (const int size : {16, 32, 48, 64, 128, 256})
         icon.addFile(QStringLiteral(":/icons/ravlin-%1.png").arg(size));
     setWindowIcon(icon);
+    OutlineFusion();
 }
 
 bool RavlinApplication::notify(QObject* receiver, QEvent* event) {

@@ -138,9 +138,9 @@ void frmMain::Form_Load(bool showLogLevel) {
 
 void frmMain::BuildListBar() {
     ui_->ListBar->setWrapping(false);
-    // As wide as the widest caption at any size of text, two lines of which have room below the icon.
+    // As wide as the widest caption and the list below at any size of text.
     const QFontMetrics metrics = ui_->ListBar->fontMetrics();
-    int width = ui_->ListBar->minimumWidth();
+    int width = std::max(ui_->ListBar->minimumWidth(), ui_->lstLogLevel->sizeHint().width());
     for (const View& view : Views)
         width = std::max(width, metrics.horizontalAdvance(view.caption) + 3 * ListBarMargin);
     ui_->ListBar->setFixedWidth(width);

@@ -33,6 +33,7 @@ constexpr QSize EnlargedTill(1366 * 100 / 125, 768 * 100 / 125 - BarsHeight);
 constexpr int ListSlack = 3; // between the text and the arrow, which a list may do without
 constexpr int FarthestField = 40;
 constexpr int NarrowestButton = 80;
+constexpr int ButtonPadding = 8; // on either side
 
 template<typename T>
 QList<T*> Shown(QWidget& window) {
@@ -126,6 +127,9 @@ Findings UnevenControls(QWidget& window) {
         note("buttons", *button);
         if (button->width() < NarrowestButton)
             findings << Place(*button) + " is narrower than other buttons: " + QString::number(button->width());
+        const int caption = button->fontMetrics().size(Qt::TextShowMnemonic, button->text()).width();
+        if (button->width() < caption + 2 * ButtonPadding)
+            findings << Place(*button) + " is filled by its caption";
     }
     for (const QComboBox* list : Shown<QComboBox>(window))
         note("lists", *list);

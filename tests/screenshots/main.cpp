@@ -2,10 +2,9 @@
 #include "Photographer.h"
 
 #include "app/RavlinApplication.h"
+#include "widgets/OutlinedStyle.h"
 #include "window_tour/Palettes.h"
 #include "window_tour/WindowTour.h"
-
-#include <QStyleFactory>
 
 #include <cstdio>
 
@@ -16,7 +15,7 @@ int main(int argc, char** argv) {
         std::fputs("usage: ravlin_screenshots light|dark DIRECTORY\n", stderr);
         return 2;
     }
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setStyle(new OutlinedStyle);
     if (arguments[1] == "dark")
         QApplication::setPalette(DarkPalette());
     try {

@@ -304,4 +304,6 @@ void WindowTour::ShowLane() {
     lane.show();
     QCoreApplication::processEvents();
     Show(lane, "virtual-lane");
+    lane.Execute("weight 1 heavy");
+    Show(lane, "virtual-lane-refusal");
 }

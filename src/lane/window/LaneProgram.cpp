@@ -5,6 +5,7 @@
 #include "lane/window/frmLane.h"
 #include "platform/help/HelpKey.h"
 #include "platform/help/HelpViewer.h"
+#include "widgets/OutlinedStyle.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -16,6 +17,7 @@ int RunLaneWindow(int argc, char* argv[], const LaneArguments& arguments) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("ravlin-lane");
     QGuiApplication::setDesktopFileName("org.ravlin.lane");
+    OutlineFusion();
     // Outlives the lane, whose thread reports to it.
     LaneEvents events;
     LaneRunner lane(arguments.options, [&events](const std::string& event) { emit events.Happened(event.c_str()); });

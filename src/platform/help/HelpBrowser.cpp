@@ -10,6 +10,7 @@
 namespace {
 
 constexpr int MarginPx = 14;
+constexpr int MarkShare = 40;           // of the colour of a selection, in a hundred
 constexpr int ReadableDifference = 100; // in lightness
 
 // The colour between two: share parts in a hundred of the first.
@@ -108,8 +109,8 @@ void HelpBrowser::ApplyColours() {
 void HelpBrowser::MarkWords() {
     QList<QTextEdit::ExtraSelection> marks;
     QTextCharFormat format;
-    const bool dark = palette().color(QPalette::Base).lightness() < palette().color(QPalette::Text).lightness();
-    format.setBackground(dark ? QColor(120, 95, 10) : QColor(255, 226, 110));
+    format.setForeground(palette().color(QPalette::Text)); // links too, which might not stand out
+    format.setBackground(Between(palette().color(QPalette::Highlight), palette().color(QPalette::Base), MarkShare));
     for (const QString& word : words_) {
         QTextCursor place(document());
         while (!(place = document()->find(word, place)).isNull())
