@@ -1,7 +1,6 @@
 #include "platform/help/HelpBrowser.h"
 
 #include <QEvent>
-#include <QFocusFrame>
 #include <QIcon>
 #include <QScrollBar>
 
@@ -30,7 +29,7 @@ QColor LinkColour(const QPalette& palette) {
 
 } // namespace
 
-HelpBrowser::HelpBrowser(QWidget* parent) : QTextBrowser(parent), focusFrame_(new QFocusFrame(this)) {
+HelpBrowser::HelpBrowser(QWidget* parent) : QTextBrowser(parent) {
     setOpenExternalLinks(false);
     document()->setDocumentMargin(MarginPx);
     ApplyColours();
@@ -79,16 +78,6 @@ void HelpBrowser::changeEvent(QEvent* event) {
             MarkWords();
         }
     }
-}
-
-void HelpBrowser::focusInEvent(QFocusEvent* event) {
-    QTextBrowser::focusInEvent(event);
-    focusFrame_->setWidget(this);
-}
-
-void HelpBrowser::focusOutEvent(QFocusEvent* event) {
-    QTextBrowser::focusOutEvent(event);
-    focusFrame_->setWidget(nullptr);
 }
 
 // The topics' own style sheet has no colours, so that they follow the theme.

@@ -3,8 +3,6 @@
 
 #include <QTextBrowser>
 
-class QFocusFrame;
-
 class HelpBrowser : public QTextBrowser {
     Q_OBJECT
 
@@ -20,13 +18,10 @@ protected:
     QVariant loadResource(int type, const QUrl& name) override;
     void doSetSource(const QUrl& url, QTextDocument::ResourceType type) override;
     void changeEvent(QEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     void ApplyColours();
     void MarkWords();
 
     QStringList words_;
-    QFocusFrame* focusFrame_; // styles do not show that a text has the focus
 };
