@@ -56,6 +56,17 @@ TEST_F(Program, ASecondStartBringsTheFirstForwardAndEnds) {
     End(*first);
 }
 
+TEST_F(Program, OfTwoStartsAtOnceOneStays) {
+    const auto one = Start();
+    const auto other = Start();
+    ASSERT_TRUE(
+        WaitUntil([&] { return one->state() == QProcess::NotRunning || other->state() == QProcess::NotRunning; }));
+    QProcess& stays = one->state() == QProcess::Running ? *one : *other;
+    EXPECT_EQ(stays.state(), QProcess::Running);
+    EXPECT_TRUE(IsListening());
+    End(stays);
+}
+
 TEST_F(Program, AnInstanceThatDiedIsNoInstance) {
     {
         const auto first = Start();

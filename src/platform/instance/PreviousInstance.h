@@ -17,7 +17,7 @@ public:
     // instance then counts as the running one.
     [[nodiscard]] bool IsRunning();
     // Asks the running instance, whose application title is this, to restore its window and to come to the foreground.
-    // False where none is found, or where nobody answers within two seconds.
+    // False where none is found within two seconds, or where nobody answers within two more.
     [[nodiscard]] bool BringForward(const std::string& title);
     // From now on a later instance finds this one, which has that application title: it brings the main window (the
     // system's number of it) forward itself, or has comeForward called. For the first instance only, once.

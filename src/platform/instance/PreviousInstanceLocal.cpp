@@ -1,16 +1,19 @@
 // By a lock file, and a local socket over which a later instance asks the first to come forward.
 #include "platform/instance/PreviousInstance.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QLockFile>
+#include <QThread>
 
 #include <unistd.h>
 
 namespace {
 
 constexpr int AnswerLimitMs = 2000;
+constexpr int RetryMs = 20;
 constexpr char Request[] = "forward\n";
 constexpr char Answer[] = "coming\n";
 
@@ -49,10 +52,15 @@ bool PreviousInstance::IsRunning() {
 }
 
 bool PreviousInstance::BringForward(const std::string& /*title*/) {
+    const QDeadlineTimer limit(AnswerLimitMs);
     QLocalSocket socket;
     socket.connectToServer(private_->socketName_);
-    if (!socket.waitForConnected(AnswerLimitMs))
-        return false;
+    while (!socket.waitForConnected(static_cast<int>(limit.remainingTime()))) {
+        if (limit.hasExpired())
+            return false;
+        QThread::msleep(RetryMs); // it may have been started together with this one, and is about to listen
+        socket.connectToServer(private_->socketName_);
+    }
     socket.write(Request);
     return socket.waitForBytesWritten(AnswerLimitMs) && socket.waitForReadyRead(AnswerLimitMs) &&
            socket.readAll() == Answer;

@@ -12,6 +12,8 @@ namespace {
 
 // The hidden window has the last of these; the instance may also be of an older program.
 constexpr std::array TopWindowClasses = {"ThunderRTMain", "ThunderRT5Main", "ThunderRT6Main"};
+constexpr ULONGLONG SearchLimitMs = 2000;
+constexpr DWORD RetryMs = 20;
 constexpr const char* MutexName = "Local\\Ravlin 2 instance"; // one for each session
 
 struct CloseObject {
@@ -72,9 +74,14 @@ bool PreviousInstance::IsRunning() {
 }
 
 bool PreviousInstance::BringForward(const std::string& title) {
-    const HWND top = FindTopWindow(title);
-    if (top == nullptr)
-        return false;
+    const ULONGLONG begin = GetTickCount64();
+    HWND top = FindTopWindow(title);
+    while (top == nullptr) { // it may have been started together with this one, and is about to make its window
+        if (GetTickCount64() - begin > SearchLimitMs)
+            return false;
+        Sleep(RetryMs);
+        top = FindTopWindow(title);
+    }
     const HWND window = GetWindow(top, GW_HWNDPREV);
     OpenIcon(window);
     SetForegroundWindow(window);

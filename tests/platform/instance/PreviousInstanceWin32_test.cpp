@@ -3,6 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <future>
+#include <thread>
+
 #include <windows.h>
 
 namespace {
@@ -44,6 +48,24 @@ TEST(PreviousInstance, HasItsMinimisedWindowRestored) {
     EXPECT_TRUE(second.BringForward("Ravlin test"));
     EXPECT_FALSE(IsIconic(window.Handle()));
     EXPECT_EQ(GetForegroundWindow(), window.Handle());
+}
+
+TEST(PreviousInstance, IsWaitedForWhileItStarts) {
+    PreviousInstance second;
+    std::promise<bool> forward;
+    std::future<bool> answer = forward.get_future();
+    std::jthread later([&] { forward.set_value(second.BringForward("Ravlin test")); });
+    ASSERT_EQ(answer.wait_for(std::chrono::milliseconds(200)), std::future_status::timeout);
+    PreviousInstance first;
+    const Window window;
+    first.ListenForLater("Ravlin test", window.Number(), [] {});
+    while (answer.wait_for(std::chrono::milliseconds(1)) ==
+           std::future_status::timeout) { // its call restores the window
+        MSG message;
+        while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != FALSE)
+            DispatchMessageA(&message);
+    }
+    EXPECT_TRUE(answer.get());
 }
 
 TEST(PreviousInstance, OfAnotherTitleIsNotFound) {
