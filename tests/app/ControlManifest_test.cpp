@@ -1,6 +1,5 @@
 #include "ControlManifest.h"
 
-#include "profiles/RegistryPaths.h"
 #include "support/TemporaryRegistry.h"
 #include "support_app/MainWindow.h"
 
@@ -13,7 +12,7 @@ namespace {
 
 class Manifest : public ::testing::Test {
 protected:
-    Manifest() { registry_.Put(RegistryPaths::Settings, "StartupWizard", "1", RegistryRoot::CurrentUser); }
+    Manifest() { WithoutWizard(registry_); }
 
     TemporaryRegistry registry_;
 };

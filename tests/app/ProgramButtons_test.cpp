@@ -1,6 +1,5 @@
 // What the main window does around a programming session.
 #include "profiles/CScanner2.h"
-#include "profiles/RegistryPaths.h"
 #include "support/PseudoTerminal.h"
 #include "support/TemporaryRegistry.h"
 #include "support_app/MainWindow.h"
@@ -17,7 +16,7 @@ namespace {
 class ProgramButtons : public ::testing::Test {
 protected:
     ProgramButtons() {
-        registry_.Put(RegistryPaths::Settings, "StartupWizard", "1", RegistryRoot::CurrentUser);
+        WithoutWizard(registry_);
         CScanner2 scanner(registry_);
         scanner.DeviceName("Lane 1");
         scanner.Model("7346");

@@ -2,7 +2,6 @@
 // everywhere.
 #include "support_app/MainWindow.h"
 
-#include "profiles/RegistryPaths.h"
 #include "support/TemporaryRegistry.h"
 #include "support_widgets/BoxWatcher.h"
 
@@ -21,7 +20,7 @@ constexpr const char* Families[] = {"lstExistingDeviceName", "lstSimpleDeviceNam
 
 TEST(FirstProfile, IsFoundInTheStoreAndInAllListsAlsoAfterARestart) {
     TemporaryRegistry registry;
-    registry.Put(RegistryPaths::Settings, "StartupWizard", "1", RegistryRoot::CurrentUser);
+    WithoutWizard(registry);
     {
         MainWindow window(registry);
         Choose(window.List("lstNewModelNumber"), "Pelerin/3172");

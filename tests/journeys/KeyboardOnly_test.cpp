@@ -1,7 +1,6 @@
 // Somebody without a mouse makes a profile and deletes it again.
 #include "support_app/MainWindow.h"
 
-#include "profiles/RegistryPaths.h"
 #include "support/TemporaryRegistry.h"
 #include "support_widgets/BoxWatcher.h"
 
@@ -68,11 +67,6 @@ protected:
         EXPECT_TRUE(WaitUntil([this, &question] {
             return question.Shown() && Control<QLineEdit>(*window_, "txtNewDeviceName").text().isEmpty();
         }));
-    }
-
-    static Registry& WithoutWizard(TemporaryRegistry& registry) {
-        registry.Put(RegistryPaths::Settings, "StartupWizard", "1", RegistryRoot::CurrentUser);
-        return registry;
     }
 
     TemporaryRegistry registry_;

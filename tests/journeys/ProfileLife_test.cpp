@@ -16,7 +16,7 @@ namespace {
 class ProfileLife : public ::testing::TestWithParam<QString> {
 protected:
     ProfileLife() {
-        registry_.Put(RegistryPaths::Settings, "StartupWizard", "1", RegistryRoot::CurrentUser);
+        WithoutWizard(registry_);
         Start();
     }
     void Start() { window_ = std::make_unique<MainWindow>(registry_); }

@@ -1,7 +1,6 @@
 // Devices on the counter, tested from the main window: real profiles, the system's control objects, real lines.
 #include "platform/opos/OposSite.h"
 #include "platform/opos/SimulatedScale.h"
-#include "profiles/RegistryPaths.h"
 #include "support_app/MainWindow.h"
 #include "support_widgets/BoxWatcher.h"
 
@@ -23,7 +22,7 @@ constexpr int DeviceInformationIndex = 4;
 
 class TestViews : public ::testing::Test {
 protected:
-    TestViews() { site_.registry.Put(RegistryPaths::Settings, "StartupWizard", "1", RegistryRoot::CurrentUser); }
+    TestViews() { WithoutWizard(site_.registry); }
 
     void Start(int view) {
         window_.emplace(site_.registry);

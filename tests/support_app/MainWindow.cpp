@@ -1,11 +1,18 @@
 #include "support_app/MainWindow.h"
 
 #include "app/SystemSerlink.h"
+#include "profiles/RegistryPaths.h"
+#include "support/TemporaryRegistry.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QStackedWidget>
 #include <QTest>
+
+Registry& WithoutWizard(TemporaryRegistry& registry) {
+    registry.Put(RegistryPaths::Settings, "StartupWizard", "1", RegistryRoot::CurrentUser);
+    return registry;
+}
 
 MainWindow::MainWindow(Registry& registry, bool showLogLevel)
     : help_(CreateHelpViewer()),

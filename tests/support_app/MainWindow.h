@@ -10,6 +10,10 @@
 #include <memory>
 
 class Registry;
+class TemporaryRegistry;
+
+// The registry, told that the wizard shall not open at the start.
+Registry& WithoutWizard(TemporaryRegistry& registry);
 
 // Loaded and shown; the wizard does not open unless the store says so.
 class MainWindow {

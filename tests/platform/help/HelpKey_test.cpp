@@ -1,5 +1,4 @@
 // F1 and the menu entries, from the real main window into the real help window.
-#include "profiles/RegistryPaths.h"
 #include "support/TemporaryRegistry.h"
 #include "support_app/MainWindow.h"
 #include "support_widgets/BoxWatcher.h"
@@ -46,11 +45,6 @@ protected:
     QString TopicAt(const QString& control) {
         QTest::keyClick(&Control<QWidget>(*window_, control), Qt::Key_F1);
         return ShownTopic();
-    }
-
-    static Registry& WithoutWizard(TemporaryRegistry& registry) {
-        registry.Put(RegistryPaths::Settings, "StartupWizard", "1", RegistryRoot::CurrentUser);
-        return registry;
     }
 
     TemporaryRegistry registry_;
