@@ -1,12 +1,11 @@
 #include "support_opos/ComServer.h"
 
+#include "platform/opos/ComCounted.h"
+
 #include <array>
 #include <stdexcept>
 
 #include <olectl.h>
-
-// COM's interfaces have no virtual destructor; their objects end by Release.
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
 namespace {
 
@@ -14,13 +13,10 @@ namespace {
 constexpr IID EventInterface = {0x6f0d2c62, 0x9c1b, 0x4b1e, {0x8c, 0x55, 0x2f, 0x0b, 0x8a, 0x1d, 0x7e, 0x10}};
 
 // One object with all the interfaces that a listener needs; the connection points list themselves.
-class Object final : public IDispatch,
-                     public IConnectionPointContainer,
-                     public IConnectionPoint,
-                     public IEnumConnectionPoints {
+class Object final : public ComCounted<IDispatch, IConnectionPointContainer, IConnectionPoint, IEnumConnectionPoints> {
 public:
     explicit Object(std::shared_ptr<ServedControl> control) : control_(std::move(control)) { ++control_->alive; }
-    virtual ~Object() { --control_->alive; }
+    ~Object() override { --control_->alive; }
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override {
         if (wanted == IID_IUnknown || wanted == IID_IDispatch)
@@ -31,13 +27,6 @@ public:
             return E_NOINTERFACE;
         AddRef();
         return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --references_;
-        if (left == 0)
-            delete this;
-        return left;
     }
 
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
@@ -97,7 +86,6 @@ public:
 private:
     std::shared_ptr<ServedControl> control_;
     std::vector<std::wstring> names_;
-    ULONG references_ = 1;
     bool listed_ = false;
 };
 
@@ -124,24 +112,16 @@ HRESULT STDMETHODCALLTYPE Object::Invoke(DISPID id, REFIID, LCID, WORD kind, DIS
     return S_OK;
 }
 
-class ClassFactory final : public IClassFactory {
+class ClassFactory final : public ComCounted<IClassFactory> {
 public:
     explicit ClassFactory(ServedClass::Factory make) : make_(std::move(make)) {}
-    virtual ~ClassFactory() = default;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override {
         if (wanted != IID_IUnknown && wanted != IID_IClassFactory)
             return E_NOINTERFACE;
-        *object = this;
+        *object = static_cast<IClassFactory*>(this);
         AddRef();
         return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --references_;
-        if (left == 0)
-            delete this;
-        return left;
     }
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID wanted, void** object) override {
         const ComReference<Object> made(new Object(make_()));
@@ -151,7 +131,6 @@ public:
 
 private:
     ServedClass::Factory make_;
-    ULONG references_ = 1;
 };
 
 } // namespace

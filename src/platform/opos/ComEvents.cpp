@@ -1,18 +1,15 @@
 #include "platform/opos/ComEvents.h"
 
+#include "platform/opos/ComCounted.h"
 #include "platform/windows/WideText.h"
 
 #include <exception>
 #include <utility>
 
-// COM's interfaces have no virtual destructor; their objects end by Release.
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
 // Outlives the control while COM still holds it; without a handler it drops what comes.
-class ComEvents::Sink final : public IDispatch {
+class ComEvents::Sink final : public ComCounted<IDispatch> {
 public:
     Sink(EventDispatcher& dispatcher, Handler handler) : dispatcher_(dispatcher), handler_(std::move(handler)) {}
-    virtual ~Sink() = default;
 
     void Listen(const IID& events) { events_ = events; }
     void Disconnect() {
@@ -22,17 +19,10 @@ public:
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override {
         const bool known = wanted == IID_IUnknown || wanted == IID_IDispatch || wanted == events_;
-        *object = known ? this : nullptr;
+        *object = known ? static_cast<IDispatch*>(this) : nullptr;
         if (known)
             AddRef();
         return known ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --references_;
-        if (left == 0)
-            delete this;
-        return left;
     }
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
         *count = 0;
@@ -56,7 +46,6 @@ private:
     EventDispatcher& dispatcher_;
     Handler handler_;
     IID events_ = IID_IDispatch;
-    ULONG references_ = 1;
     bool handling_ = false;
     std::deque<ComEvent> waiting_;
 };
